@@ -1,0 +1,131 @@
+#include "cli/headless_operator.hpp"
+
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+#include "runtime/errors.hpp"
+
+namespace corvane {
+
+std::string Latin1ToUtf8(std::string_view text) {
+  std::string out;
+  out.reserve(text.size());
+  for (unsigned char c : text) {
+    if (c < 0x80) {
+      out += static_cast<char>(c);
+    } else {
+      out += static_cast<char>(0xC0 | (c >> 6));
+      out += static_cast<char>(0x80 | (c & 0x3F));
+    }
+  }
+  return out;
+}
+
+std::string ForTerminal(std::string_view text) {
+  std::string out(text);
+  for (char& c : out) {
+    if (c == '\r') c = '\n';
+  }
+  return out;
+}
+
+HeadlessOperator::HeadlessOperator(std::deque<std::string> answers, bool accept_defaults,
+                                   std::ostream* transcript, bool interactive)
+    : answers_(std::move(answers)),
+      accept_defaults_(accept_defaults),
+      transcript_(transcript),
+      interactive_(interactive) {}
+
+void HeadlessOperator::Record(const std::string& json_line) {
+  if (transcript_ == nullptr) return;
+  *transcript_ << json_line << '\n';
+  transcript_->flush();
+}
+
+bool HeadlessOperator::NextAnswer(std::string& answer) {
+  if (answers_.empty()) return false;
+  answer = std::move(answers_.front());
+  answers_.pop_front();
+  return true;
+}
+
+std::string HeadlessOperator::AskTerminal(std::string_view question) {
+  std::cerr << question << std::flush;
+  std::string line;
+  if (!std::getline(std::cin, line)) throw Unanswered("no answer at the terminal");
+  return line;
+}
+
+MsgAnswer HeadlessOperator::MsgBox(std::string_view text, MsgButtons buttons,
+                                   std::string_view title) {
+  const std::vector<std::string_view> captions = ButtonCaptions(buttons);
+  nlohmann::ordered_json line = {{"kind", "message"},
+                         {"title", Latin1ToUtf8(title)},
+                         {"text", Latin1ToUtf8(text)},
+                         {"buttons", nlohmann::ordered_json::array()}};
+  std::string shown;
+  for (std::string_view c : captions) {
+    line["buttons"].push_back(std::string(c));
+    if (!shown.empty()) shown += '/';
+    shown += c;
+  }
+  std::cerr << "[" << title << "] " << ForTerminal(text) << "\n";
+
+  MsgAnswer answer = MsgAnswer::OK;
+  if (buttons != MsgButtons::OKOnly) {
+    std::string given;
+    if (NextAnswer(given)) {
+      if (!AnswerFromCaption(buttons, given, answer)) {
+        throw UsageError("the answer \"" + given + "\" is not one of " + shown);
+      }
+    } else if (accept_defaults_) {
+      AnswerFromCaption(buttons, captions.front(), answer);
+    } else if (interactive_) {
+      while (!AnswerFromCaption(buttons, AskTerminal("(" + shown + ")? "), answer)) {
+      }
+    } else {
+      Record(line.dump());
+      throw Unanswered("the question was left unanswered");
+    }
+  }
+  line["answer"] = std::string(AnswerCaption(answer));
+  Record(line.dump());
+  return answer;
+}
+
+std::string HeadlessOperator::InputBox(std::string_view prompt, std::string_view title,
+                                       std::string_view default_text) {
+  nlohmann::ordered_json line = {{"kind", "input"},
+                         {"title", Latin1ToUtf8(title)},
+                         {"prompt", Latin1ToUtf8(prompt)},
+                         {"default", Latin1ToUtf8(default_text)}};
+  std::cerr << "[" << title << "] " << ForTerminal(prompt) << " [" << default_text << "]\n";
+  std::string answer;
+  if (!NextAnswer(answer)) {
+    if (accept_defaults_) {
+      answer = default_text;
+    } else if (interactive_) {
+      answer = AskTerminal("> ");
+    } else {
+      Record(line.dump());
+      throw Unanswered("the question was left unanswered");
+    }
+  }
+  line["answer"] = Latin1ToUtf8(answer);
+  Record(line.dump());
+  return answer;
+}
+
+void HeadlessOperator::Progress(std::string_view text) {
+  Record(nlohmann::ordered_json{{"kind", "progress"}, {"text", Latin1ToUtf8(text)}}.dump());
+}
+
+void HeadlessOperator::RuntimeErrorReport(const RuntimeError& error) {
+  Record(nlohmann::ordered_json{{"kind", "runtime-error"},
+                        {"number", error.number()},
+                        {"description", Latin1ToUtf8(error.description())}}
+             .dump());
+  std::cerr << "Run-time error '" << error.number() << "':\n\n" << error.description() << "\n";
+}
+
+}  // namespace corvane

@@ -1,0 +1,51 @@
+// The operator of a scripted run: answers come from the command line, or from a person at
+// the terminal, and everything said is written to the transcript.
+#pragma once
+
+#include <deque>
+#include <ostream>
+#include <stdexcept>
+#include <string>
+
+#include "screen/operator.hpp"
+
+namespace corvane {
+
+// A question with no answer left and nobody at the terminal to ask.
+struct Unanswered : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+// The command line was wrong.
+struct UsageError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+class HeadlessOperator : public Operator {
+ public:
+  HeadlessOperator(std::deque<std::string> answers, bool accept_defaults, std::ostream* transcript,
+                   bool interactive);
+
+  MsgAnswer MsgBox(std::string_view text, MsgButtons buttons, std::string_view title) override;
+  std::string InputBox(std::string_view prompt, std::string_view title,
+                       std::string_view default_text) override;
+  void Progress(std::string_view text) override;
+  void Hourglass(bool) override {}
+  void RuntimeErrorReport(const RuntimeError& error) override;
+
+ private:
+  bool NextAnswer(std::string& answer);
+  std::string AskTerminal(std::string_view question);
+  void Record(const std::string& json_line);
+
+  std::deque<std::string> answers_;
+  bool accept_defaults_;
+  std::ostream* transcript_;
+  bool interactive_;
+};
+
+// Single-byte text as JSON-safe UTF-8: each byte is the character of the same number.
+std::string Latin1ToUtf8(std::string_view text);
+// What a person reads on the terminal: carriage returns as line breaks.
+std::string ForTerminal(std::string_view text);
+
+}  // namespace corvane

@@ -1,0 +1,246 @@
+// The two ends of a run: the press of the button with its checks and file names, and the
+// file routines that open and close a run.
+#include <filesystem>
+
+#include "pipeline/dispatch.hpp"
+#include "pipeline/readers.hpp"
+#include "pipeline/time_import.hpp"
+#include "pipeline/translator.hpp"
+#include "runtime/errors.hpp"
+#include "runtime/picture.hpp"
+#include "runtime/text.hpp"
+
+namespace corvane {
+
+namespace {
+
+constexpr char kSep = std::filesystem::path::preferred_separator;
+constexpr char kCR = '\r';
+
+// The path join of the system: a plain separator whatever the folder ends in.
+std::string Join(const Value& folder, std::string_view name) {
+  std::string path = folder.str();
+  path += kSep;
+  path += name;
+  return path;
+}
+
+// A full path with an extension: on this platform, absolute and holding a point.
+bool IsFullPath(const std::string& path) {
+  return !path.empty() && path.front() == kSep && path.find('.') != std::string::npos;
+}
+
+}  // namespace
+
+void frmTimeImport::Corvane() {
+  reported_ = false;
+  // The values of the previous press, not the screen's: the first press always passes.
+  if (ChosenTC == "Nothing" || Output_Path == "Output path (folder for Evolution Import file)" ||
+      INFile == "Input file (from Time Clock system)") {
+    return;
+  }
+  RecCount = 0;
+  TCcount = 0;
+  ui.Hourglass(true);
+  ChooseTC();
+  ui.Hourglass(false);
+  if (Ready) CloseFiles();
+}
+
+void frmTimeImport::ChooseTC() {
+  auto fail = [this](std::string_view message) {
+    MsgBox(message);
+    Ready = false;
+  };
+
+  INFile = S[CorvaneInputFile].text;
+  Ready = true;
+
+  if (!IsFullPath(INFile.str()) && S[filInput].file_name.empty()) {
+    return fail("You must enter an input filename");
+  }
+
+  Output_Path = S[CorvaneOutputPath].text;
+
+  ChosenTC = S[PickTC].list_index >= 0 ? std::string(S[PickTC].SelectedText()) : "Nothing";
+
+  if (Trim(S[CoNum].text).empty()) {
+    if (ChosenTC != "QsrSoft" || !S.Checked(chkAll)) {
+      return fail("Please provide a valid Company Number");
+    }
+  }
+
+  const std::optional<Date> end_date = ParseDate(S[pdEndDate].text);
+  if (!end_date) return fail("Period Ending Date is not formatted properly.");
+
+  // Prevail Pay's input files carry their own dates.
+  if (ChosenTC != "Prevail Pay" && ChosenTC != "Prevail Pay 2") {
+    const long entered = DaySerial(*end_date);
+    const long today = DaySerial(env.today);
+    if (entered > today) return fail("Period Ending Date cannot be in the future.");
+    if (entered < today - 60) {
+      Build_String = std::string("Period Ending Date is more than 60 days old.") + kCR +
+                     "Do you want to continue?";
+      const MsgAnswer answer = MsgBox(Build_String.text(), MsgButtons::YesNo, "OK to Proceed?");
+      Response = std::string(AnswerCaption(answer));
+      if (answer == MsgAnswer::No) {
+        Ready = false;
+        return;
+      }
+    }
+  }
+
+  BuildOutputName();
+  if (!Ready) return;
+
+  for (Value& v : ColumnValues) v = Value();
+
+  Dispatch();
+
+  if (!Ready) return;
+  for (int n = 1; n <= 99; ++n) {
+    if (ColumnValues[n] != Value("X")) continue;
+    const std::string_view picked = S[PickTC].SelectedText();
+    if (picked == "AE v1.0.28.616") {
+      MsgBox("Pay Designation " + std::to_string(n) + " needs an Earning Code assigned to it.");
+    } else {
+      MsgBox(std::string(picked) + " column " + std::to_string(n) +
+             " needs an Earning Code assigned to it.");
+    }
+  }
+}
+
+void frmTimeImport::BuildOutputName() {
+  const std::string Loc = Trim(S[LocNum].text);
+  const std::string Co = Trim(S[CoNum].text);
+  const std::string Mdy = Format(Value(S[pdEndDate].text), "mmddyyyy");
+  if (ChosenTC == "Maitre'D") {
+    // The blank before ".txt" belongs to the name.
+    OUTFile = Join(Output_Path, "Sorrelin Import " + S[CoNum].text + " " + Mdy + " .txt");
+  } else if (!Loc.empty()) {
+    OUTFile = Join(Output_Path, Co + "_" + Loc + "_ta.txt");
+  } else if (ChosenTC == "QsrSoft" || ChosenTC == "Ampay") {
+    // named later by the branch, from the file's contents
+  } else if (ChosenTC == "Squirrel v3.2") {
+    MsgBox("Please enter a location (e.g. 'RH' or 'SW').");
+    Ready = false;
+  } else {
+    OUTFile = Join(Output_Path, Co + "_ta.txt");
+  }
+}
+
+void frmTimeImport::Dispatch() {
+  const ClockEntry* clock = FindClock(ChosenTC);
+  if (clock == nullptr) {
+    MsgBox("Must Choose a Time Clock system from the list");
+    Ready = false;
+    return;
+  }
+  const Translator* translator = FindTranslator(clock->translator);
+  if (translator == nullptr) {
+    MsgBox("Time clock " + ChosenTC + " is not available yet.");
+    Ready = false;
+    return;
+  }
+  RunBranch(*this, *clock, *translator);
+}
+
+void frmTimeImport::InitFiles() {
+  ImportRecord& r = ImportRec;
+  r.Employee_no = r.Employee_Name = r.payrate = r.Hours = "";
+  r.Amount = "";
+  r.Division = r.Branch = r.Department = r.Job = r.Shift = r.Team = "";
+  r.SSN = "";
+  r.WorkersComp = r.RateNumber = "";
+  r.State = "";
+  r.DorE = "E";
+  r.Earning_Code = "?";
+  r.Seq = "1";
+
+  const std::string Loc = Trim(S[LocNum].text);
+  const std::string Co = Trim(S[CoNum].text);
+  const bool qsr = ChosenTC == "QsrSoft";
+  if (Loc.empty() && qsr && S.Checked(chkAll)) {
+    AuditFile = Join(Output_Path, "Corvane_Audit_QsrSoft.txt");
+  } else if (Loc.empty() && ChosenTC == "Ampay") {
+    // the branch names it from the file's first record
+  } else if (Loc.empty()) {
+    AuditFile = Join(Output_Path, "Corvane_Audit_" + Co + ".txt");
+  } else {
+    AuditFile = Join(Output_Path, "Corvane_Audit_" + Co + "_" + Loc + ".txt");
+  }
+
+  // An input file that cannot be opened is not caught here.
+  const ClockEntry* clock = FindClock(ChosenTC);
+  if (qsr) {
+    File(QsrFileNumber).Open(INFile.str(), OpenMode::Byte);
+    // The first call of the all-companies run comes before any company is known.
+    if (QsrFileNumber == 1 && S.Checked(chkAll)) return;
+  } else if (clock != nullptr && clock->mode != OpenMode::None) {
+    File(1).Open(INFile.str(), clock->mode, clock->record_length);
+  }
+
+  output_missing_ = false;
+  try {
+    if (!fs.folderexists(Output_Path.str())) fs.CreateFolder(Output_Path.str());
+    OutputStream = fs.createtextfile(OUTFile.str(), true);
+    AuditStream = fs.createtextfile(AuditFile.str(), true);
+    if (qsr) ExceptionStream = fs.createtextfile(OtherOUTFile, true);
+  } catch (const RuntimeError& error) {
+    // "Ampay" and "QsrSoft" name their files from the file's contents and create them later.
+    if (ChosenTC == "Ampay" || qsr) return;
+    output_missing_ = true;
+    Build_String = std::string("Trouble creating output path to store your Evolution Import "
+                               "file.") +
+                   kCR + kCR + error.description() + kCR + kCR + OUTFile.str();
+    Response = std::string(
+        AnswerCaption(MsgBox(Build_String.text(), MsgButtons::OKOnly, "Check your Output Path")));
+  }
+}
+
+void frmTimeImport::CloseFiles() {
+  // A run whose output files could not be created ends here, after the operator has seen
+  // why: there is nothing to report.
+  if (output_missing_ || !OutputStream || !AuditStream) {
+    File(1).Close();
+    File(9).Close();
+    ClearData();
+    return;
+  }
+  OutputStream->Close();
+  AuditStream->Close();
+  File(1).Close();
+  File(9).Close();
+
+  const std::string hours_text =
+      ChosenTC == "HomePro" ? PrintNumber(HoursConverted) + " hours converted." : "";
+  std::string review_text;
+  if (ChosenTC == "Digital Dining") {
+    review_text = std::string("Any employees with multiple departments have been prepared for "
+                              "your review: ") +
+                  kCR + kCR + "DD_Employee_Check.txt";
+  }
+  const std::string CR(1, kCR);
+  const std::string report = "Import from " + ChosenTC + " Complete." + CR + CR +
+                             std::to_string(TCcount) + " " + ChosenTC + " records processed." +
+                             CR + std::to_string(RecCount) + " Evolution records created." + CR +
+                             hours_text + CR + CR +
+                             "The file is now ready for import into Evolution." + CR + CR +
+                             OUTFile.str() + CR + CR +
+                             "An audit trail of the input transactions has also been prepared:" +
+                             CR + CR + AuditFile.str() + CR + CR + review_text;
+  MsgBox(report, MsgButtons::OKOnly, "Corvane");
+  reported_ = true;
+  ClearData();
+}
+
+Value frmTimeImport::ExtractInputPath() const {
+  const std::string path = INFile.str();
+  const std::size_t last = path.rfind(kSep);
+  if (last == std::string::npos) return Value("");
+  return Value(path.substr(0, last + 1));
+}
+
+Value frmTimeImport::LastRow(const Sheet& sheet) { return sheet.LastRow(); }
+
+}  // namespace corvane

@@ -1,0 +1,151 @@
+// The main form: the screen, the import record and all run state. Readers and translators
+// share these members; there is no other home for run state.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <typeindex>
+#include <unordered_map>
+
+#include "pipeline/import_record.hpp"
+#include "runtime/dates.hpp"
+#include "runtime/filesystem.hpp"
+#include "runtime/infile.hpp"
+#include "runtime/value.hpp"
+#include "runtime/workbook.hpp"
+#include "screen/operator.hpp"
+#include "screen/screen.hpp"
+
+namespace corvane {
+
+struct ClockEntry;
+struct Translator;
+
+// The program's title and version.
+inline constexpr std::string_view kAppTitle = "Corvane";
+inline constexpr std::string_view kFormCaption = "Corvane Import Manager";
+inline constexpr int kVersionMajor = CORVANE_VERSION_MAJOR;
+inline constexpr int kVersionMinor = CORVANE_VERSION_MINOR;
+inline constexpr int kVersionRevision = CORVANE_VERSION_PATCH;
+
+// What the host gives the form: the settings folder and today's date.
+struct Environment {
+  std::string settings_dir;
+  Date today;
+};
+
+class frmTimeImport {
+ public:
+  frmTimeImport(Operator& ui, Environment env);
+  ~frmTimeImport();
+
+  Operator& ui;
+  Environment env;
+  Screen S;
+  std::string Caption{kFormCaption};
+
+  // The import record.
+  ImportRecord ImportRec;
+
+  // Run state.
+  std::string ChosenTC;
+  bool Ready = false;
+  Value INFile, Output_Path, OUTFile, AuditFile, ExceptionFile;
+  std::string OtherOUTFile;
+  Value Build_String;
+  std::string InRec;
+  Value Response;
+  long RecCount = 0;
+  long TCcount = 0;
+  std::int16_t RecNum = 0;
+  Value Result;
+  std::int16_t NumHoursColumns = 6;
+  std::array<Value, 100> ColumnValues;  // entries 1 to 99
+  std::string quote;
+  bool exceptNotice = false;
+  double HoursConverted = 0;
+  std::unique_ptr<Workbook> WkbObj;
+  // The input record's employee and dollars fields of "ADP/Aspect", which its exception
+  // line quotes.
+  Value ADPAspect_EmpNo, ADPAspect_Dollars;
+  // The file number under which "QsrSoft" reads its export.
+  int QsrFileNumber = 1;
+
+  // The file system service and the output streams; a stream never created is null.
+  FileSystem fs;
+  std::unique_ptr<TextStream> OutputStream, AuditStream, ExceptionStream;
+  // The input files by number: 1 the export, 9 a second input.
+  InputFile& File(int number);
+
+  // Start and screen.
+  void Form_Load();
+  void Set_Defaults();
+  void PickTC_Click();
+  // Selects a PickTC entry by index (-1 for none) and runs the click.
+  void SelectTimeClock(int index);
+
+  // The run.
+  void cmdInterface_Click() { Corvane(); }
+  void Corvane();
+  void ChooseTC();
+  void InitFiles();
+  void CloseFiles();
+  Value ExtractInputPath() const;
+  static Value LastRow(const Sheet& sheet);
+
+  // The writers.
+  void WriteOutputRec();
+  void WriteOutputRecOther();
+  void WriteAuditRec();
+  void WriteExceptionRec(const Value& Detail);
+  void ClearData();
+
+  // To apply a category: Earning_Code := its code box, DorE := its D-or-E box.
+  void Apply(Cat category) {
+    ImportRec.Earning_Code = S.Code(category);
+    ImportRec.DorE = S.DE(category);
+  }
+
+  // Shows a message; the title is "Corvane" unless given.
+  MsgAnswer MsgBox(std::string_view text, MsgButtons buttons = MsgButtons::OKOnly,
+                   std::string_view title = kAppTitle);
+
+  // Whether the last press ended with the report of CloseFiles.
+  bool Reported() const { return reported_; }
+
+  // The input fields of one format: plain members of the form, one group per format,
+  // created at first use and kept for the life of the form.
+  template <class T>
+  T& Fields() {
+    auto& slot = fields_[std::type_index(typeid(T))];
+    if (!slot) slot = std::make_unique<Holder<T>>();
+    return static_cast<Holder<T>*>(slot.get())->value;
+  }
+
+  // Set when InitFiles could not create the output files: the writers then have no stream,
+  // and the reading ends quietly whatever the frame.
+  bool OutputMissing() const { return output_missing_; }
+
+ private:
+  void Dispatch();
+  void BuildOutputName();
+  void BuildLine(bool other);
+
+  struct HolderBase {
+    virtual ~HolderBase() = default;
+  };
+  template <class T>
+  struct Holder : HolderBase {
+    T value{};
+  };
+  std::unordered_map<std::type_index, std::unique_ptr<HolderBase>> fields_;
+  std::array<InputFile, 10> files_;
+  bool reported_ = false;
+  bool output_missing_ = false;
+  std::string line_;  // the writers' line buffer
+};
+
+}  // namespace corvane

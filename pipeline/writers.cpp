@@ -1,0 +1,223 @@
+// The Evolution import line, the audit trail and the exception files.
+#include <filesystem>
+
+#include "pipeline/dispatch.hpp"
+#include "pipeline/time_import.hpp"
+#include "pipeline/translator.hpp"
+#include "runtime/errors.hpp"
+#include "runtime/picture.hpp"
+#include "runtime/text.hpp"
+
+namespace corvane {
+
+namespace {
+
+constexpr char kSep = std::filesystem::path::preferred_separator;
+
+// The empty-record test of the writer: a blank or empty figure counts as zero, and text that
+// is not a number is a type mismatch.
+double DropTestNumber(const std::string& formatted) {
+  if (formatted.empty()) return 0.0;
+  return Value(formatted).ToNumber();
+}
+
+TextStream& Stream(std::unique_ptr<TextStream>& stream) {
+  if (!stream) Raise(kObjectNotSet);
+  return *stream;
+}
+
+}  // namespace
+
+void frmTimeImport::BuildLine(bool other) {
+  const ImportRecord& r = ImportRec;
+  std::string& b = line_;
+  b.clear();
+  auto field = [&b](const Value& v) {
+    b += ',';
+    v.AppendTo(b);
+  };
+  auto text = [&b](const std::string& s) {
+    b += ',';
+    b += s;
+  };
+  auto blank = [&b] { b += ','; };
+
+  b += quote;
+  r.Employee_no.AppendTo(b);
+  b += quote;
+  b += ',';
+  b += quote;
+  r.Employee_Name.AppendTo(b);
+  b += quote;
+  field(r.Department);     // 3
+  field(r.Job);            // 4
+  field(r.Shift);          // 5
+  field(r.DorE);           // 6
+  field(r.Earning_Code);   // 7
+  field(r.payrate);        // 8
+  field(r.Hours);          // 9
+  if (!other && ChosenTC == "Denny's DINE - Relco") {
+    field(r.CorvaneYear);  // 10
+    field(r.CorvaneMonth);  // 11
+    text(r.CorvaneDay);    // 12
+  } else {
+    blank();
+    blank();
+    blank();
+  }
+  blank();                 // 13
+  blank();                 // 14
+  text(r.Amount);          // 15
+  field(r.Seq);            // 16
+  field(r.Division);       // 17
+  field(r.Branch);         // 18
+  if (other) {
+    blank();               // 19
+  } else {
+    text(r.State);
+  }
+  blank();                 // 20
+  blank();                 // 21
+  blank();                 // 22
+  const bool old_format = S[optOldFormat].value == 1 && S[optNewFormat].value != 1;
+  if (old_format) {
+    field(r.Team);         // 23
+  } else {
+    blank();
+  }
+  text(r.SSN);             // 24
+  field(r.WorkersComp);    // 25
+  field(r.RateNumber);     // 26
+  if (ChosenTC == "Generations") {
+    field(r.Gen_Field27);  // 27
+    text(r.Gen_Field28);   // 28
+  } else {
+    blank();
+    blank();
+  }
+  const bool new_format = S[optNewFormat].value == 1 && S[optOldFormat].value != 1;
+  if (new_format) {
+    field(r.Team);         // 29
+  } else {
+    blank();
+  }
+}
+
+void frmTimeImport::WriteOutputRec() {
+  ImportRecord& r = ImportRec;
+  // "eWorks" passes a code of "X" through to the file.
+  if (UCase(Trim(r.Earning_Code)) == "X" && S[PickTC].SelectedText() != "eWorks") return;
+  const double hours = DropTestNumber(Format(r.Hours, ".00"));
+  const double amount = DropTestNumber(Format(Value(r.Amount), ".00"));
+  if (hours == 0.0 && amount == 0.0) return;
+  // Shift 1 is the default and is not sent.
+  const std::string shift = Trim(r.Shift);
+  if (shift == "0" || shift == "00" || shift == "1") r.Shift = "";
+  BuildLine(false);
+  Build_String = line_;
+  Stream(OutputStream).WriteLine(line_);
+  ++RecCount;
+  WriteAuditRec();
+}
+
+void frmTimeImport::WriteOutputRecOther() {
+  ImportRecord& r = ImportRec;
+  if (UCase(Trim(r.Earning_Code)) == "X") return;
+  const double hours = DropTestNumber(Format(r.Hours, ".00"));
+  const double amount = DropTestNumber(Format(Value(r.Amount), ".00"));
+  if (hours == 0.0 && amount == 0.0) return;
+  const std::string shift = Trim(r.Shift);
+  if (shift == "0" || shift == "00" || shift == "1") r.Shift = "";
+  BuildLine(true);
+  Build_String = line_;
+  Stream(ExceptionStream).WriteLine(line_);
+  ++RecCount;
+  WriteAuditRec();
+}
+
+void frmTimeImport::WriteAuditRec() {
+  const ImportRecord& r = ImportRec;
+  std::string& b = line_;
+  b = "Emp_no: ";
+  b += Format(r.Employee_no, "######");
+  b += ", Emp_Name: ";
+  r.Employee_Name.AppendTo(b);
+  b += ", Dept: ";
+  r.Department.AppendTo(b);
+  b += ", Shift: ";
+  r.Shift.AppendTo(b);
+  Stream(AuditStream).WriteLine(b);
+
+  b = " ";
+  r.DorE.AppendTo(b);
+  r.Earning_Code.AppendTo(b);
+  b += " - ";
+  if (r.Hours > Value("")) {
+    r.Hours.AppendTo(b);
+    b += " Hours";
+  } else {
+    b += r.Amount;
+    b += " Dollars";
+  }
+  Build_String = b;
+  Stream(AuditStream).WriteLine(b);
+}
+
+void frmTimeImport::WriteExceptionRec(const Value& Detail) {
+  const std::string Co = Trim(S[CoNum].text);
+  const std::string TAB = "\t";
+  std::string name;
+  if (ChosenTC == "Sage (Mas90)" || ChosenTC == "ADP/Aspect") {
+    name = "Corvane_Exception_" + Co + ".txt";
+  } else if (ChosenTC == "HomeTrak") {
+    name = "E02_Exception.txt";
+  } else if (ChosenTC == "Digital Dining") {
+    name = "DD_Employee_Check.txt";
+  } else {
+    return;
+  }
+  std::string path = Output_Path.str();
+  path += kSep;
+  path += name;
+  ExceptionFile = path;
+  exceptNotice = true;
+  try {
+    ExceptionStream = fs.createtextfile(path, true);
+  } catch (const RuntimeError&) {
+    // Only "HomeTrak" passes over the file it already holds open, and so collects every
+    // exception of the run in one file; the others let the error go to the reader's frame.
+    if (ChosenTC != "HomeTrak") throw;
+  }
+
+  const ImportRecord& r = ImportRec;
+  std::string line;
+  if (ChosenTC == "Sage (Mas90)") {
+    line = "Sage Mas90 code '" + Detail.str() + "' not found." + TAB + TAB + "Emp_no: " +
+           Format(r.Employee_no, "######") + " Hours: " + r.Hours.str() + "  not written.";
+  } else if (ChosenTC == "ADP/Aspect") {
+    line = "ADP/Aspect code '" + Detail.str() + "' unrecognized." + TAB + "Emp_no: " +
+           ADPAspect_EmpNo.str() + " - " + ADPAspect_Dollars.str() + " dollars not written.";
+  } else if (ChosenTC == "HomeTrak") {
+    line = "Employee: " + r.Employee_no.str() + " - " + r.Employee_Name.str() + TAB +
+           " E02 Hours: " + Detail.str() + " exceeds the Per Payroll Hours.";
+  } else {
+    line = "Employee: " + r.Employee_no.str() + " - " + r.Employee_Name.str() + TAB +
+           "Department: " + r.Department.str() + TAB;
+  }
+  Build_String = line;
+  Stream(ExceptionStream).WriteLine(line);
+}
+
+void frmTimeImport::ClearData() {
+  if (ChosenTC == "Generations") {
+    ImportRec.Gen_Field27 = Value();
+    ImportRec.Gen_Field28.clear();
+  }
+  if (const ClockEntry* clock = FindClock(ChosenTC)) {
+    if (const Translator* t = FindTranslator(clock->translator); t && t->clear_data) {
+      t->clear_data(*this);
+    }
+  }
+}
+
+}  // namespace corvane

@@ -1,0 +1,81 @@
+// Input files in the system's open modes, read once, in order, through a buffer.
+#pragma once
+
+#include <cstddef>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "runtime/value.hpp"
+
+namespace corvane {
+
+enum class OpenMode {
+  None,   // the branch or the translator opens the file itself (workbooks and the like)
+  Text,   // lines and comma fields; a Ctrl-Z byte ends the file
+  Byte,   // lines and comma fields; no end mark in the data
+  Fixed,  // whole records of a stated length, line ends included as data
+};
+
+class InputFile {
+ public:
+  InputFile();
+  ~InputFile();
+  InputFile(const InputFile&) = delete;
+  InputFile& operator=(const InputFile&) = delete;
+
+  // Opens path; a missing file raises 53, a folder or an unreadable file 75, an empty path
+  // 52. An open file is closed first. record_length is used in Fixed mode (at least 1).
+  void Open(const std::string& path, OpenMode mode, int record_length = 0);
+  // Closing a file that is not open does nothing.
+  void Close();
+  bool IsOpen() const;
+  OpenMode mode() const { return mode_; }
+  int record_length() const { return record_length_; }
+
+  // Lines and fields: true once nothing is left to read (in Text mode, also at Ctrl-Z).
+  // Fixed records: false until a Get could not fetch a whole record.
+  bool Eof();
+
+  // Whole-line read: the text up to the next line end (CR LF, LF or CR); the line end is
+  // consumed. Raises 62 when nothing is left.
+  void LineInput(std::string& line);
+  std::string LineInput();
+
+  // Delimited read of one field; raises 62 when nothing is left. Fields end at a comma or
+  // a line end (a field that ends at a line end consumes it). Unquoted fields lose blanks
+  // around them; a quoted field runs to the next double quote and keeps its text, and what
+  // follows up to the next comma or line end is passed over.
+  void Input(Value& into);        // becomes a number, blank or text by FieldValue
+  void Input(std::string& into);  // keeps the characters
+
+  // Fixed records: fetches the next record_length bytes into record. A short read fills
+  // what it got, blanks the rest, and sets end-of-file.
+  void Get(std::string& record);
+
+ private:
+  // Reads the raw field; quoted says whether it began with a double quote.
+  void ReadField(std::string& text, bool& quoted);
+  bool Fill();  // refills the buffer; false at the true end of data
+  int Peek();   // next byte or -1 at the end of data (Ctrl-Z counts as the end in Text mode)
+  int Next();
+  // Raises 52 when no file is open.
+  void RequireOpen() const;
+  // After a consumed CR or LF: takes the LF of a CR LF pair.
+  void ConsumeLineEnd(int c);
+  // Passes over the rest of a field, its terminator included.
+  void SkipToFieldEnd();
+
+  std::FILE* file_ = nullptr;
+  OpenMode mode_ = OpenMode::None;
+  int record_length_ = 0;
+  std::vector<char> buffer_;
+  std::size_t pos_ = 0;
+  std::size_t end_ = 0;
+  bool data_end_ = false;     // no more bytes in the file (or Ctrl-Z met in Text mode)
+  bool record_eof_ = false;   // Fixed mode: a Get came up short
+  std::string field_;         // scratch for delimited reads
+};
+
+}  // namespace corvane

@@ -1,0 +1,72 @@
+// "Access": a comma file of 21 fields a record, read in four reads of 6, 6, 6 and 3 fields.
+// The first record is the heading. Dollar fields may carry "$".
+#include <array>
+
+#include "pipeline/time_import.hpp"
+#include "pipeline/translator.hpp"
+#include "runtime/text.hpp"
+
+namespace corvane {
+
+namespace {
+
+struct AccessFields {
+  std::array<Value, 22> Access_F;  // fields 1 to 21
+};
+
+bool AccessRead(frmTimeImport& F) {
+  AccessFields& in = F.Fields<AccessFields>();
+  InputFile& file = F.File(1);
+  for (int i = 1; i <= 21; ++i) file.Input(in.Access_F[i]);
+  // A record without an employee number is passed over and not counted.
+  return !Trim(in.Access_F[3]).empty();
+}
+
+void Access(frmTimeImport& F) {
+  auto& f = F.Fields<AccessFields>().Access_F;
+  ImportRecord& r = F.ImportRec;
+  r.payrate = r.Job = r.Division = r.Department = r.Branch = r.Shift = r.Team = "";
+  r.SSN = "";
+  r.Employee_Name = "";
+  r.DorE = "E";
+  r.Seq = "1";
+  r.Employee_no = Trim(f[3]);
+
+  for (int n : {4, 10, 13, 14, 15}) f[n] = Replace(f[n], "$", "");
+
+  auto hours = [&](int n, Cat category) {
+    if (!NumericAbove0(f[n])) return;
+    r.Hours = f[n];
+    r.Amount = "";
+    F.Apply(category);
+    F.WriteOutputRec();
+  };
+  auto dollars = [&](int n, Cat category) {
+    if (!NumericAbove0(f[n])) return;
+    r.Hours = "";
+    r.Amount = Replace(f[n], "$", "");
+    F.Apply(category);
+    F.WriteOutputRec();
+  };
+
+  hours(6, Cat::Reg);
+  hours(7, Cat::OT);
+  dollars(4, Cat::Dbl);
+  hours(8, Cat::Tips);
+  hours(9, Cat::Hol);
+  dollars(10, Cat::Sales);
+  dollars(13, Cat::Misc);
+  dollars(14, Cat::Disb);
+  // the Misc pair serves field 15 as well: the format's own layout
+  dollars(15, Cat::Misc);
+}
+
+}  // namespace
+
+extern const Translator kAccessTranslator{
+    .name = "Access",
+    .read = AccessRead,
+    .translate = Access,
+};
+
+}  // namespace corvane
