@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, and runs every test: once in a plain build and once under
+# AddressSanitizer + UndefinedBehaviorSanitizer. Also checks the code's formatting.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+bash scripts/install-deps.sh
+bash scripts/check-format.sh
+
+jobs=$(nproc)
+for variant in build build-asan; do
+  sanitize=OFF
+  [[ $variant == build-asan ]] && sanitize=ON
+  cmake -S . -B "$variant" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCORVANE_SANITIZE=$sanitize >/dev/null
+  ninja -C "$variant" -j"$jobs"
+done
+
+export ASAN_OPTIONS=detect_leaks=1:abort_on_error=0
+export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+status=0
+for variant in build build-asan; do
+  echo "== tests: $variant"
+  ctest --test-dir "$variant" -j"$jobs" --output-on-failure || status=1
+done
+exit $status
