@@ -60,9 +60,9 @@ MsgAnswer HeadlessOperator::MsgBox(std::string_view text, MsgButtons buttons,
                                    std::string_view title) {
   const std::vector<std::string_view> captions = ButtonCaptions(buttons);
   nlohmann::ordered_json line = {{"kind", "message"},
-                         {"title", Latin1ToUtf8(title)},
-                         {"text", Latin1ToUtf8(text)},
-                         {"buttons", nlohmann::ordered_json::array()}};
+                                 {"title", Latin1ToUtf8(title)},
+                                 {"text", Latin1ToUtf8(text)},
+                                 {"buttons", nlohmann::ordered_json::array()}};
   std::string shown;
   for (std::string_view c : captions) {
     line["buttons"].push_back(std::string(c));
@@ -96,9 +96,9 @@ MsgAnswer HeadlessOperator::MsgBox(std::string_view text, MsgButtons buttons,
 std::string HeadlessOperator::InputBox(std::string_view prompt, std::string_view title,
                                        std::string_view default_text) {
   nlohmann::ordered_json line = {{"kind", "input"},
-                         {"title", Latin1ToUtf8(title)},
-                         {"prompt", Latin1ToUtf8(prompt)},
-                         {"default", Latin1ToUtf8(default_text)}};
+                                 {"title", Latin1ToUtf8(title)},
+                                 {"prompt", Latin1ToUtf8(prompt)},
+                                 {"default", Latin1ToUtf8(default_text)}};
   std::cerr << "[" << title << "] " << ForTerminal(prompt) << " [" << default_text << "]\n";
   std::string answer;
   if (!NextAnswer(answer)) {
@@ -122,8 +122,8 @@ void HeadlessOperator::Progress(std::string_view text) {
 
 void HeadlessOperator::RuntimeErrorReport(const RuntimeError& error) {
   Record(nlohmann::ordered_json{{"kind", "runtime-error"},
-                        {"number", error.number()},
-                        {"description", Latin1ToUtf8(error.description())}}
+                                {"number", error.number()},
+                                {"description", Latin1ToUtf8(error.description())}}
              .dump());
   std::cerr << "Run-time error '" << error.number() << "':\n\n" << error.description() << "\n";
 }

@@ -82,15 +82,21 @@ void SetField(frmTimeImport& F, const std::string& name, const std::string& valu
       c->text = value;
       F.S.LeaveBox(id, F.ui);
       return;
-    case kCheckBox: c->value = ZeroOrOne(*c, value); return;
+    case kCheckBox:
+      c->value = ZeroOrOne(*c, value);
+      return;
     case kOptionButton: {
       c->value = ZeroOrOne(*c, value);
       // a pair of option buttons: switching one on switches the other off
       if (c->value == 1) F.S[id == optOldFormat ? optNewFormat : optOldFormat].value = 0;
       return;
     }
-    case kComboBox: c->list_index = EntryIndex(*c, value); return;
-    case kListBox: F.SelectTimeClock(EntryIndex(*c, value)); return;
+    case kComboBox:
+      c->list_index = EntryIndex(*c, value);
+      return;
+    case kListBox:
+      F.SelectTimeClock(EntryIndex(*c, value));
+      return;
     case kList:
       c->list_index = EntryIndex(*c, value);
       if (id == ShowSample) F.S.ShowSample_Click();
@@ -112,7 +118,8 @@ void SetField(frmTimeImport& F, const std::string& name, const std::string& valu
       return;
     case kLabel:
     case kCommandButton:
-    case kImage: break;
+    case kImage:
+      break;
   }
   throw UsageError("\"" + name + "\" cannot be set: it is not an entry field");
 }
@@ -211,6 +218,9 @@ int Run(const RunOptions& o, const std::vector<ScreenEntry>& entries) {
     // The program ends at once, without storing the screen.
     ui.RuntimeErrorReport(error);
     return 3;
+  } catch (const FatalError& fatal) {
+    ui.RuntimeErrorReport(fatal.error());
+    return 3;
   } catch (const Unanswered&) {
     std::cerr << "corvane: a question was left unanswered\n";
     return 4;
@@ -232,8 +242,8 @@ int Main(int argc, char** argv) {
   run->add_option("--format", o.format, "The time clock, exactly as listed");
   std::vector<std::string> screen_values;
   for (const char* name : {"--company", "--end-date", "--location", "--input", "--output"}) {
-    run->add_option(name, screen_values, "A field of the main screen")->multi_option_policy(
-        CLI::MultiOptionPolicy::TakeAll);
+    run->add_option(name, screen_values, "A field of the main screen")
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   }
   run->add_option("--set", screen_values, "NAME=VALUE: any named field of the main screen")
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);

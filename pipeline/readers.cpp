@@ -35,11 +35,20 @@ class Branch {
     }
     switch (clock.shape) {
       case Shape::C:
-      case Shape::H: CommaFields(); break;
-      case Shape::L: WholeLines(); break;
-      case Shape::F: FixedRecords(); break;
-      case Shape::W: WorkbookRows(); break;
-      case Shape::S: break;  // a self-reading translator always has its own loop
+      case Shape::H:
+        CommaFields();
+        break;
+      case Shape::L:
+        WholeLines();
+        break;
+      case Shape::F:
+        FixedRecords();
+        break;
+      case Shape::W:
+        WorkbookRows();
+        break;
+      case Shape::S:
+        break;  // a self-reading translator always has its own loop
     }
   }
 

@@ -170,15 +170,20 @@ void frmTimeImport::InitFiles() {
     AuditFile = Join(Output_Path, "Corvane_Audit_" + Co + "_" + Loc + ".txt");
   }
 
-  // An input file that cannot be opened is not caught here.
+  // An input file that cannot be opened is not caught here, nor by the branch's frame: the
+  // error goes to the caller of the run.
   const ClockEntry* clock = FindClock(ChosenTC);
-  if (qsr) {
-    File(QsrFileNumber).Open(INFile.str(), OpenMode::Byte);
-    // The first call of the all-companies run comes before any company is known.
-    if (QsrFileNumber == 1 && S.Checked(chkAll)) return;
-  } else if (clock != nullptr && clock->mode != OpenMode::None) {
-    File(1).Open(INFile.str(), clock->mode, clock->record_length);
+  try {
+    if (qsr) {
+      File(QsrFileNumber).Open(INFile.str(), OpenMode::Byte);
+    } else if (clock != nullptr && clock->mode != OpenMode::None) {
+      File(1).Open(INFile.str(), clock->mode, clock->record_length);
+    }
+  } catch (const RuntimeError& error) {
+    throw FatalError(error);
   }
+  // The first call of the all-companies run comes before any company is known.
+  if (qsr && QsrFileNumber == 1 && S.Checked(chkAll)) return;
 
   output_missing_ = false;
   try {
@@ -190,8 +195,9 @@ void frmTimeImport::InitFiles() {
     // "Ampay" and "QsrSoft" name their files from the file's contents and create them later.
     if (ChosenTC == "Ampay" || qsr) return;
     output_missing_ = true;
-    Build_String = std::string("Trouble creating output path to store your Evolution Import "
-                               "file.") +
+    Build_String = std::string(
+                       "Trouble creating output path to store your Evolution Import "
+                       "file.") +
                    kCR + kCR + error.description() + kCR + kCR + OUTFile.str();
     Response = std::string(
         AnswerCaption(MsgBox(Build_String.text(), MsgButtons::OKOnly, "Check your Output Path")));
@@ -216,19 +222,19 @@ void frmTimeImport::CloseFiles() {
       ChosenTC == "HomePro" ? PrintNumber(HoursConverted) + " hours converted." : "";
   std::string review_text;
   if (ChosenTC == "Digital Dining") {
-    review_text = std::string("Any employees with multiple departments have been prepared for "
-                              "your review: ") +
+    review_text = std::string(
+                      "Any employees with multiple departments have been prepared for "
+                      "your review: ") +
                   kCR + kCR + "DD_Employee_Check.txt";
   }
   const std::string CR(1, kCR);
-  const std::string report = "Import from " + ChosenTC + " Complete." + CR + CR +
-                             std::to_string(TCcount) + " " + ChosenTC + " records processed." +
-                             CR + std::to_string(RecCount) + " Evolution records created." + CR +
-                             hours_text + CR + CR +
-                             "The file is now ready for import into Evolution." + CR + CR +
-                             OUTFile.str() + CR + CR +
-                             "An audit trail of the input transactions has also been prepared:" +
-                             CR + CR + AuditFile.str() + CR + CR + review_text;
+  const std::string report =
+      "Import from " + ChosenTC + " Complete." + CR + CR + std::to_string(TCcount) + " " +
+      ChosenTC + " records processed." + CR + std::to_string(RecCount) +
+      " Evolution records created." + CR + hours_text + CR + CR +
+      "The file is now ready for import into Evolution." + CR + CR + OUTFile.str() + CR + CR +
+      "An audit trail of the input transactions has also been prepared:" + CR + CR +
+      AuditFile.str() + CR + CR + review_text;
   MsgBox(report, MsgButtons::OKOnly, "Corvane");
   reported_ = true;
   ClearData();
@@ -241,6 +247,8 @@ Value frmTimeImport::ExtractInputPath() const {
   return Value(path.substr(0, last + 1));
 }
 
-Value frmTimeImport::LastRow(const Sheet& sheet) { return sheet.LastRow(); }
+Value frmTimeImport::LastRow(const Sheet& sheet) {
+  return sheet.LastRow();
+}
 
 }  // namespace corvane

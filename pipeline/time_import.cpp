@@ -18,8 +18,7 @@ InputFile& frmTimeImport::File(int number) {
   return files_[number];
 }
 
-MsgAnswer frmTimeImport::MsgBox(std::string_view text, MsgButtons buttons,
-                                std::string_view title) {
+MsgAnswer frmTimeImport::MsgBox(std::string_view text, MsgButtons buttons, std::string_view title) {
   return ui.MsgBox(text, buttons, title);
 }
 
@@ -42,9 +41,9 @@ void frmTimeImport::Set_Defaults() {
     Cat category;
     const char* code;
   } kFactoryCodes[] = {
-      {Cat::Reg, "2"},    {Cat::OT, "3"},      {Cat::Dbl, "4"},      {Cat::Tips, "5"},
-      {Cat::Sales, "6"},  {Cat::Misc, "7"},    {Cat::Disb, "8"},     {Cat::Abs, "9"},
-      {Cat::Hol, "10"},   {Cat::AdjH, "11"},   {Cat::AdjD, "12"},    {Cat::WaitReg, "61"},
+      {Cat::Reg, "2"},     {Cat::OT, "3"},      {Cat::Dbl, "4"},   {Cat::Tips, "5"},
+      {Cat::Sales, "6"},   {Cat::Misc, "7"},    {Cat::Disb, "8"},  {Cat::Abs, "9"},
+      {Cat::Hol, "10"},    {Cat::AdjH, "11"},   {Cat::AdjD, "12"}, {Cat::WaitReg, "61"},
       {Cat::WaitOT, "62"}, {Cat::CCTips, "69"},
   };
   for (const auto& f : kFactoryCodes) {
@@ -61,6 +60,8 @@ void frmTimeImport::SelectTimeClock(int index) {
   PickTC_Click();
 }
 
-void frmTimeImport::PickTC_Click() { ChosenTC = std::string(S[PickTC].SelectedText()); }
+void frmTimeImport::PickTC_Click() {
+  ChosenTC = std::string(S[PickTC].SelectedText());
+}
 
 }  // namespace corvane

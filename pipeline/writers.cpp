@@ -49,45 +49,45 @@ void frmTimeImport::BuildLine(bool other) {
   b += quote;
   r.Employee_Name.AppendTo(b);
   b += quote;
-  field(r.Department);     // 3
-  field(r.Job);            // 4
-  field(r.Shift);          // 5
-  field(r.DorE);           // 6
-  field(r.Earning_Code);   // 7
-  field(r.payrate);        // 8
-  field(r.Hours);          // 9
+  field(r.Department);    // 3
+  field(r.Job);           // 4
+  field(r.Shift);         // 5
+  field(r.DorE);          // 6
+  field(r.Earning_Code);  // 7
+  field(r.payrate);       // 8
+  field(r.Hours);         // 9
   if (!other && ChosenTC == "Denny's DINE - Relco") {
-    field(r.CorvaneYear);  // 10
+    field(r.CorvaneYear);   // 10
     field(r.CorvaneMonth);  // 11
-    text(r.CorvaneDay);    // 12
+    text(r.CorvaneDay);     // 12
   } else {
     blank();
     blank();
     blank();
   }
-  blank();                 // 13
-  blank();                 // 14
-  text(r.Amount);          // 15
-  field(r.Seq);            // 16
-  field(r.Division);       // 17
-  field(r.Branch);         // 18
+  blank();            // 13
+  blank();            // 14
+  text(r.Amount);     // 15
+  field(r.Seq);       // 16
+  field(r.Division);  // 17
+  field(r.Branch);    // 18
   if (other) {
-    blank();               // 19
+    blank();  // 19
   } else {
     text(r.State);
   }
-  blank();                 // 20
-  blank();                 // 21
-  blank();                 // 22
+  blank();  // 20
+  blank();  // 21
+  blank();  // 22
   const bool old_format = S[optOldFormat].value == 1 && S[optNewFormat].value != 1;
   if (old_format) {
-    field(r.Team);         // 23
+    field(r.Team);  // 23
   } else {
     blank();
   }
-  text(r.SSN);             // 24
-  field(r.WorkersComp);    // 25
-  field(r.RateNumber);     // 26
+  text(r.SSN);           // 24
+  field(r.WorkersComp);  // 25
+  field(r.RateNumber);   // 26
   if (ChosenTC == "Generations") {
     field(r.Gen_Field27);  // 27
     text(r.Gen_Field28);   // 28
@@ -97,7 +97,7 @@ void frmTimeImport::BuildLine(bool other) {
   }
   const bool new_format = S[optNewFormat].value == 1 && S[optOldFormat].value != 1;
   if (new_format) {
-    field(r.Team);         // 29
+    field(r.Team);  // 29
   } else {
     blank();
   }
@@ -192,11 +192,13 @@ void frmTimeImport::WriteExceptionRec(const Value& Detail) {
   const ImportRecord& r = ImportRec;
   std::string line;
   if (ChosenTC == "Sage (Mas90)") {
-    line = "Sage Mas90 code '" + Detail.str() + "' not found." + TAB + TAB + "Emp_no: " +
-           Format(r.Employee_no, "######") + " Hours: " + r.Hours.str() + "  not written.";
+    line = "Sage Mas90 code '" + Detail.str() + "' not found." + TAB + TAB +
+           "Emp_no: " + Format(r.Employee_no, "######") + " Hours: " + r.Hours.str() +
+           "  not written.";
   } else if (ChosenTC == "ADP/Aspect") {
-    line = "ADP/Aspect code '" + Detail.str() + "' unrecognized." + TAB + "Emp_no: " +
-           ADPAspect_EmpNo.str() + " - " + ADPAspect_Dollars.str() + " dollars not written.";
+    line = "ADP/Aspect code '" + Detail.str() + "' unrecognized." + TAB +
+           "Emp_no: " + ADPAspect_EmpNo.str() + " - " + ADPAspect_Dollars.str() +
+           " dollars not written.";
   } else if (ChosenTC == "HomeTrak") {
     line = "Employee: " + r.Employee_no.str() + " - " + r.Employee_Name.str() + TAB +
            " E02 Hours: " + Detail.str() + " exceeds the Per Payroll Hours.";

@@ -6,20 +6,34 @@ namespace corvane {
 
 std::string ErrorDescription(int number) {
   switch (number) {
-    case kInvalidCall: return "Invalid procedure call or argument";
-    case kOverflow: return "Overflow";
-    case kSubscriptOutOfRange: return "Subscript out of range";
-    case kTypeMismatch: return "Type mismatch";
-    case kBadFileNameOrNumber: return "Bad file name or number";
-    case kFileNotFound: return "File not found";
-    case kInputPastEnd: return "Input past end of file";
-    case kFileAlreadyExists: return "File already exists";
-    case kPermissionDenied: return "Permission denied";
-    case kPathFileAccess: return "Path/File access error";
-    case kPathNotFound: return "Path not found";
-    case kObjectNotSet: return "Object variable or With block variable not set";
-    case kWorkbookError: return "Application-defined or object-defined error";
-    default: return "Application-defined or object-defined error";
+    case kInvalidCall:
+      return "Invalid procedure call or argument";
+    case kOverflow:
+      return "Overflow";
+    case kSubscriptOutOfRange:
+      return "Subscript out of range";
+    case kTypeMismatch:
+      return "Type mismatch";
+    case kBadFileNameOrNumber:
+      return "Bad file name or number";
+    case kFileNotFound:
+      return "File not found";
+    case kInputPastEnd:
+      return "Input past end of file";
+    case kFileAlreadyExists:
+      return "File already exists";
+    case kPermissionDenied:
+      return "Permission denied";
+    case kPathFileAccess:
+      return "Path/File access error";
+    case kPathNotFound:
+      return "Path not found";
+    case kObjectNotSet:
+      return "Object variable or With block variable not set";
+    case kWorkbookError:
+      return "Application-defined or object-defined error";
+    default:
+      return "Application-defined or object-defined error";
   }
 }
 
@@ -28,7 +42,9 @@ RuntimeError::RuntimeError(int number) : number_(number), description_(ErrorDesc
 RuntimeError::RuntimeError(int number, std::string description)
     : number_(number), description_(std::move(description)) {}
 
-void Raise(int number) { throw RuntimeError(number); }
+void Raise(int number) {
+  throw RuntimeError(number);
+}
 
 void Raise(int number, std::string description) {
   throw RuntimeError(number, std::move(description));

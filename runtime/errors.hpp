@@ -3,6 +3,7 @@
 
 #include <exception>
 #include <string>
+#include <utility>
 
 namespace corvane {
 
@@ -39,6 +40,18 @@ class RuntimeError : public std::exception {
  private:
   int number_;
   std::string description_;
+};
+
+// An error that no reader frame may catch: it goes past the branch to the caller of the run,
+// which has no handler, and so ends the program with the run-time error report.
+class FatalError : public std::exception {
+ public:
+  explicit FatalError(RuntimeError error) : error_(std::move(error)) {}
+  const RuntimeError& error() const { return error_; }
+  const char* what() const noexcept override { return error_.what(); }
+
+ private:
+  RuntimeError error_;
 };
 
 [[noreturn]] void Raise(int number);

@@ -27,7 +27,9 @@ TextStream::TextStream(FileSystem* owner, std::string path, std::FILE* file)
   std::setvbuf(file_, buffer_.get(), _IOFBF, kStreamBuffer);
 }
 
-TextStream::~TextStream() { Close(); }
+TextStream::~TextStream() {
+  Close();
+}
 
 void TextStream::WriteLine(std::string_view line) {
   if (file_ == nullptr) Raise(kBadFileNameOrNumber);

@@ -73,9 +73,9 @@ class InputFile {
   std::vector<char> buffer_;
   std::size_t pos_ = 0;
   std::size_t end_ = 0;
-  bool data_end_ = false;     // no more bytes in the file (or Ctrl-Z met in Text mode)
-  bool record_eof_ = false;   // Fixed mode: a Get came up short
-  std::string field_;         // scratch for delimited reads
+  bool data_end_ = false;    // no more bytes in the file (or Ctrl-Z met in Text mode)
+  bool record_eof_ = false;  // Fixed mode: a Get came up short
+  std::string field_;        // scratch for delimited reads
 };
 
 }  // namespace corvane

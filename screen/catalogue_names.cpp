@@ -197,7 +197,9 @@ constexpr std::string_view kNames[] = {
 };
 }  // namespace
 
-std::span<const std::string_view> CatalogueNames() { return kNames; }
+std::span<const std::string_view> CatalogueNames() {
+  return kNames;
+}
 
 int CatalogueIndex(std::string_view name) {
   for (std::size_t i = 0; i < std::size(kNames); ++i) {

@@ -49,9 +49,13 @@ constexpr char kSep = std::filesystem::path::preferred_separator;
 
 }  // namespace
 
-const CategoryBoxes& Boxes(Cat category) { return kCategories[static_cast<int>(category)]; }
+const CategoryBoxes& Boxes(Cat category) {
+  return kCategories[static_cast<int>(category)];
+}
 
-Cat Numbered(int n) { return static_cast<Cat>(static_cast<int>(Cat::e15) + (n - 15)); }
+Cat Numbered(int n) {
+  return static_cast<Cat>(static_cast<int>(Cat::e15) + (n - 15));
+}
 
 std::string_view Control::SelectedText() const {
   if (list_index < 0 || list_index >= static_cast<int>(items.size())) return {};
@@ -87,7 +91,9 @@ Control* Screen::Find(std::string_view name) {
   return it == NameIndex().end() ? nullptr : &controls_[it->second];
 }
 
-std::string_view Screen::NameOf(Ctl c) { return kDefs[c].name; }
+std::string_view Screen::NameOf(Ctl c) {
+  return kDefs[c].name;
+}
 
 bool Screen::Validates(Ctl c) {
   if (c == txtHolDE || c == txtAdjHde || c == txtAdjDde) return false;
@@ -186,7 +192,9 @@ void Screen::filInput_Refresh() {
 
 namespace {
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
+char Lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
 
 // A wildcard match without regard to case: "*" any run, "?" one character.
 bool Wildcard(std::string_view name, std::string_view pat) {

@@ -13,8 +13,8 @@ namespace corvane {
 class Operator;
 
 enum class ControlKind : std::uint8_t {
-  kListBox,        // a single-choice list (PickTC)
-  kList,           // a plain list of rows (ShowSample)
+  kListBox,  // a single-choice list (PickTC)
+  kList,     // a plain list of rows (ShowSample)
   kTextBox,
   kLabel,
   kCheckBox,

@@ -1,0 +1,229 @@
+#include "runtime/infile.hpp"
+
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+
+#include "runtime/errors.hpp"
+
+namespace corvane {
+
+namespace {
+
+// Exports run to a million records: they stream through this window, never whole.
+constexpr std::size_t kBufferSize = 64 * 1024;
+
+constexpr int kCtrlZ = 0x1A;
+
+bool IsBlank(int c) {
+  return c == ' ' || c == '\t';
+}
+
+bool IsLineEnd(int c) {
+  return c == '\r' || c == '\n';
+}
+
+}  // namespace
+
+InputFile::InputFile() = default;
+
+InputFile::~InputFile() {
+  Close();
+}
+
+void InputFile::Open(const std::string& path, OpenMode mode, int record_length) {
+  Close();
+  if (path.empty()) Raise(kBadFileNameOrNumber);
+  if (mode == OpenMode::Fixed && record_length < 1) Raise(kInvalidCall);
+
+  std::error_code ec;
+  const auto status = std::filesystem::status(path, ec);
+  if (status.type() == std::filesystem::file_type::not_found) Raise(kFileNotFound);
+  if (ec || std::filesystem::is_directory(status)) Raise(kPathFileAccess);
+
+  std::FILE* file = std::fopen(path.c_str(), "rb");
+  if (file == nullptr) Raise(kPathFileAccess);
+
+  file_ = file;
+  mode_ = mode;
+  record_length_ = record_length;
+  if (buffer_.size() != kBufferSize) buffer_.assign(kBufferSize, '\0');
+  pos_ = 0;
+  end_ = 0;
+  data_end_ = false;
+  record_eof_ = false;
+}
+
+void InputFile::Close() {
+  if (file_ != nullptr) std::fclose(file_);
+  file_ = nullptr;
+  mode_ = OpenMode::None;
+  record_length_ = 0;
+  pos_ = 0;
+  end_ = 0;
+  data_end_ = false;
+  record_eof_ = false;
+}
+
+bool InputFile::IsOpen() const {
+  return file_ != nullptr;
+}
+
+void InputFile::RequireOpen() const {
+  if (file_ == nullptr) Raise(kBadFileNameOrNumber);
+}
+
+bool InputFile::Fill() {
+  if (data_end_) return false;
+  pos_ = 0;
+  end_ = std::fread(buffer_.data(), 1, buffer_.size(), file_);
+  if (end_ == 0) {
+    // A failing disk is not the end of an export: say so rather than stop short quietly.
+    if (std::ferror(file_)) Raise(kPathFileAccess);
+    data_end_ = true;
+    return false;
+  }
+  return true;
+}
+
+int InputFile::Peek() {
+  if (pos_ == end_ && !Fill()) return -1;
+  const int c = static_cast<unsigned char>(buffer_[pos_]);
+  if (c == kCtrlZ && mode_ == OpenMode::Text) {
+    // Old DOS exports mark their end with Ctrl-Z; whatever trails it is not data.
+    pos_ = end_;
+    data_end_ = true;
+    return -1;
+  }
+  return c;
+}
+
+int InputFile::Next() {
+  const int c = Peek();
+  if (c != -1) ++pos_;
+  return c;
+}
+
+void InputFile::ConsumeLineEnd(int c) {
+  // A CR may close one buffer and its LF open the next: Peek refills, so the pair still
+  // counts as a single line end.
+  if (c == '\r' && Peek() == '\n') ++pos_;
+}
+
+bool InputFile::Eof() {
+  RequireOpen();
+  if (mode_ == OpenMode::Fixed) return record_eof_;
+  return Peek() == -1;
+}
+
+void InputFile::LineInput(std::string& line) {
+  RequireOpen();
+  if (Peek() == -1) Raise(kInputPastEnd);
+  line.clear();
+  const bool text_mode = mode_ == OpenMode::Text;
+  for (;;) {
+    const char* const begin = buffer_.data() + pos_;
+    const char* const stop = buffer_.data() + end_;
+    const char* p = begin;
+    while (p != stop && *p != '\r' && *p != '\n' && !(text_mode && *p == kCtrlZ)) ++p;
+    line.append(begin, p);
+    pos_ += static_cast<std::size_t>(p - begin);
+    if (p != stop) {
+      if (*p == kCtrlZ) {
+        Peek();  // marks the end of data
+      } else {
+        const int c = static_cast<unsigned char>(*p);
+        ++pos_;
+        ConsumeLineEnd(c);
+      }
+      return;
+    }
+    // A last line without a line end is still a line.
+    if (!Fill()) return;
+  }
+}
+
+std::string InputFile::LineInput() {
+  std::string line;
+  LineInput(line);
+  return line;
+}
+
+void InputFile::SkipToFieldEnd() {
+  for (int c = Next(); c != -1; c = Next()) {
+    if (c == ',') return;
+    if (IsLineEnd(c)) {
+      ConsumeLineEnd(c);
+      return;
+    }
+  }
+}
+
+void InputFile::ReadField(std::string& text, bool& quoted) {
+  RequireOpen();
+  if (Peek() == -1) Raise(kInputPastEnd);
+  text.clear();
+  quoted = false;
+
+  int c = Peek();
+  while (IsBlank(c)) {
+    ++pos_;
+    c = Peek();
+  }
+
+  if (c == '"') {
+    // Quoted: commas and line ends inside belong to the field; a missing closing quote
+    // lets the field run to the end of the data.
+    quoted = true;
+    ++pos_;
+    for (c = Next(); c != -1 && c != '"'; c = Next()) text.push_back(static_cast<char>(c));
+    if (c == '"') SkipToFieldEnd();
+    return;
+  }
+
+  for (c = Next(); c != -1; c = Next()) {
+    if (c == ',') break;
+    if (IsLineEnd(c)) {
+      ConsumeLineEnd(c);
+      break;
+    }
+    text.push_back(static_cast<char>(c));
+  }
+  std::size_t keep = text.size();
+  while (keep > 0 && IsBlank(static_cast<unsigned char>(text[keep - 1]))) --keep;
+  text.resize(keep);
+}
+
+void InputFile::Input(Value& into) {
+  bool quoted = false;
+  ReadField(field_, quoted);
+  into = FieldValue(field_, quoted);
+}
+
+void InputFile::Input(std::string& into) {
+  bool quoted = false;
+  ReadField(into, quoted);
+}
+
+void InputFile::Get(std::string& record) {
+  RequireOpen();
+  if (record_length_ < 1) Raise(kInvalidCall);
+  const auto want = static_cast<std::size_t>(record_length_);
+  record.resize(want);
+  std::size_t got = 0;
+  while (got < want) {
+    if (pos_ == end_ && !Fill()) break;
+    const std::size_t take = std::min(want - got, end_ - pos_);
+    std::memcpy(record.data() + got, buffer_.data() + pos_, take);
+    pos_ += take;
+    got += take;
+  }
+  if (got < want) {
+    // The partial last record is blanked out beyond what was read and is never translated.
+    std::memset(record.data() + got, ' ', want - got);
+    record_eof_ = true;
+  }
+}
+
+}  // namespace corvane

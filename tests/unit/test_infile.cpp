@@ -1,0 +1,335 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "runtime/errors.hpp"
+#include "runtime/infile.hpp"
+
+namespace corvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Each test writes its exports into a folder of its own and removes it afterwards.
+class InputFileTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
+    dir_ = fs::temp_directory_path() / ("corvane_infile_" + std::to_string(::getpid()) + "_" +
+                                        info->test_suite_name() + "_" + info->name());
+    fs::remove_all(dir_);
+    fs::create_directories(dir_);
+  }
+  void TearDown() override {
+    in_.Close();
+    std::error_code ec;
+    fs::remove_all(dir_, ec);
+  }
+
+  std::string Write(const std::string& bytes, const std::string& name = "in.txt") {
+    const auto path = (dir_ / name).string();
+    std::ofstream(path, std::ios::binary) << bytes;
+    return path;
+  }
+  void OpenWith(const std::string& bytes, OpenMode mode = OpenMode::Text, int length = 0) {
+    in_.Open(Write(bytes), mode, length);
+  }
+  // Every line up to the end of the file.
+  std::vector<std::string> Lines() {
+    std::vector<std::string> lines;
+    while (!in_.Eof()) lines.push_back(in_.LineInput());
+    return lines;
+  }
+  std::string Field() {
+    std::string s;
+    in_.Input(s);
+    return s;
+  }
+  Value FieldAsValue() {
+    Value v;
+    in_.Input(v);
+    return v;
+  }
+
+  fs::path dir_;
+  InputFile in_;
+};
+
+using Strings = std::vector<std::string>;
+
+int ErrorOf(const std::function<void()>& f) {
+  try {
+    f();
+  } catch (const RuntimeError& e) {
+    return e.number();
+  }
+  return 0;
+}
+
+using InputFileOpen = InputFileTest;
+
+TEST_F(InputFileOpen, BadPathsRaiseTheirNumbers) {
+  EXPECT_EQ(ErrorOf([&] { in_.Open("", OpenMode::Text); }), 52);
+  EXPECT_EQ(ErrorOf([&] { in_.Open((dir_ / "missing.csv").string(), OpenMode::Text); }), 53);
+  EXPECT_EQ(ErrorOf([&] { in_.Open((dir_ / "no/such.csv").string(), OpenMode::Text); }), 53);
+  EXPECT_EQ(ErrorOf([&] { in_.Open(dir_.string(), OpenMode::Byte); }), 75);
+  EXPECT_EQ(ErrorOf([&] { in_.Open(Write("abc"), OpenMode::Fixed, 0); }), 5);
+  EXPECT_FALSE(in_.IsOpen());
+  if (::geteuid() != 0) {  // permissions do not bind the superuser
+    const auto locked = Write("abc", "locked.txt");
+    fs::permissions(locked, fs::perms::none);
+    EXPECT_EQ(ErrorOf([&] { in_.Open(locked, OpenMode::Text); }), 75);
+  }
+}
+
+TEST_F(InputFileOpen, ReadsOnAClosedFileRaise52AndReopenStartsAfresh) {
+  std::string s;
+  Value v;
+  EXPECT_EQ(ErrorOf([&] { in_.Eof(); }), 52);
+  OpenWith("one\r\ntwo\r\n");
+  EXPECT_EQ(in_.LineInput(), "one");
+  in_.Open(Write("three\r\n", "b.txt"), OpenMode::Byte);  // closes the first file
+  EXPECT_EQ(Lines(), Strings{"three"});
+  in_.Close();
+  in_.Close();
+  EXPECT_FALSE(in_.IsOpen());
+  EXPECT_EQ(ErrorOf([&] { in_.Eof(); }), 52);
+  EXPECT_EQ(ErrorOf([&] { in_.LineInput(s); }), 52);
+  EXPECT_EQ(ErrorOf([&] { in_.Input(v); }), 52);
+  EXPECT_EQ(ErrorOf([&] { in_.Get(s); }), 52);
+}
+
+using InputFileLines = InputFileTest;
+
+TEST_F(InputFileLines, EachLineEndEndsOneLine) {
+  OpenWith("a\r\nb\nc\rd");
+  EXPECT_EQ(Lines(), (Strings{"a", "b", "c", "d"}));
+  // LF then CR is two line ends, not one pair.
+  OpenWith("\n\r\r\n");
+  EXPECT_EQ(Lines(), (Strings{"", "", ""}));
+}
+
+TEST_F(InputFileLines, EndOfFileComesRightAfterTheLastLineEnd) {
+  OpenWith("a\r\n");
+  EXPECT_EQ(in_.LineInput(), "a");
+  EXPECT_TRUE(in_.Eof());
+  EXPECT_EQ(ErrorOf([&] { in_.LineInput(); }), 62);
+
+  OpenWith("a\r\n\r\n");
+  EXPECT_EQ(in_.LineInput(), "a");
+  EXPECT_FALSE(in_.Eof());
+  EXPECT_EQ(in_.LineInput(), "");
+  EXPECT_TRUE(in_.Eof());
+
+  OpenWith("");
+  EXPECT_TRUE(in_.Eof());
+  EXPECT_EQ(ErrorOf([&] { in_.LineInput(); }), 62);
+}
+
+TEST_F(InputFileLines, CtrlZEndsTextModeOnly) {
+  const std::string z = "\x1A";
+  OpenWith("a\r\nb" + z + "c\r\nd\r\n", OpenMode::Text);
+  EXPECT_EQ(Lines(), (Strings{"a", "b"}));
+  EXPECT_EQ(ErrorOf([&] { in_.LineInput(); }), 62);
+  OpenWith("a\r\n" + z + "b\r\n", OpenMode::Text);
+  EXPECT_EQ(Lines(), Strings{"a"});
+  OpenWith("1,2" + z + ",3", OpenMode::Text);
+  EXPECT_EQ(Field(), "1");
+  EXPECT_EQ(Field(), "2");
+  EXPECT_TRUE(in_.Eof());
+  EXPECT_EQ(ErrorOf([&] { Field(); }), 62);
+
+  OpenWith("a\r\nb" + z + "c\r\n", OpenMode::Byte);
+  EXPECT_EQ(Lines(), (Strings{"a", "b" + z + "c"}));
+  OpenWith(z + "," + z + "b", OpenMode::Byte);
+  EXPECT_FALSE(in_.Eof());
+  EXPECT_EQ(Field(), z);
+  EXPECT_EQ(in_.LineInput(), z + "b");
+  EXPECT_TRUE(in_.Eof());
+}
+
+// The line ends straddle the reader's buffer window whatever its size up to 128 KiB.
+TEST_F(InputFileLines, LineEndsSplitAcrossTheBuffer) {
+  for (std::size_t before : {4095u, 8191u, 16383u, 32767u, 65535u, 131071u}) {
+    SCOPED_TRACE(before);
+    const std::string xs(before, 'x');
+    OpenWith(xs + "\r\nb\r\n");
+    EXPECT_EQ(Lines(), (Strings{xs, "b"}));
+    OpenWith(xs + "\rb");
+    EXPECT_EQ(Lines(), (Strings{xs, "b"}));
+    OpenWith(xs + "\r");
+    EXPECT_EQ(Lines(), Strings{xs});
+    OpenWith(xs + "\r\n7\r\n");
+    EXPECT_EQ(Field(), xs);
+    EXPECT_EQ(FieldAsValue().str(), "7");
+    EXPECT_TRUE(in_.Eof());
+  }
+}
+
+TEST_F(InputFileLines, HugeLineWithoutALineEnd) {
+  const std::string big(10 * 1024 * 1024 + 17, 'q');
+  OpenWith("short\n" + big, OpenMode::Byte);
+  std::string line;
+  in_.LineInput(line);
+  EXPECT_EQ(line, "short");
+  in_.LineInput(line);
+  EXPECT_EQ(line.size(), big.size());
+  EXPECT_EQ(line, big);
+  EXPECT_TRUE(in_.Eof());
+}
+
+using InputFileFields = InputFileTest;
+
+TEST_F(InputFileFields, QuotesAndBlanks) {
+  OpenWith("\"Smith, John\" x ,  abc \t,\t\"  a  \",\"two\r\nlines\",last\r\n");
+  EXPECT_EQ(Field(), "Smith, John");
+  EXPECT_EQ(Field(), "abc");
+  EXPECT_EQ(Field(), "  a  ");
+  EXPECT_EQ(Field(), "two\r\nlines");
+  EXPECT_EQ(Field(), "last");
+  EXPECT_TRUE(in_.Eof());
+  // No closing quote: the field runs to the end of the data.
+  OpenWith("\"abc,def\r\n");
+  EXPECT_EQ(Field(), "abc,def\r\n");
+  EXPECT_TRUE(in_.Eof());
+}
+
+TEST_F(InputFileFields, EmptyFieldsAndBlankLines) {
+  OpenWith(",,\r\n\r\n9");
+  EXPECT_EQ(Field(), "");
+  EXPECT_EQ(Field(), "");
+  EXPECT_EQ(Field(), "");  // ends at the CR LF and takes it
+  EXPECT_FALSE(in_.Eof());
+  EXPECT_TRUE(FieldAsValue().IsBlank());  // the blank line
+  EXPECT_EQ(Field(), "9");
+  EXPECT_TRUE(in_.Eof());
+  EXPECT_EQ(ErrorOf([&] { Field(); }), 62);
+  // A trailing comma with nothing after it leaves nothing to read.
+  OpenWith("1,");
+  EXPECT_EQ(Field(), "1");
+  EXPECT_TRUE(in_.Eof());
+  EXPECT_EQ(ErrorOf([&] { Field(); }), 62);
+}
+
+TEST_F(InputFileFields, ValuesByTheFieldRule) {
+  OpenWith("00123,$12.50,\"00123\",,8.50,8.00,-1.5E2,1 2, 42 \r\n");
+  Value v = FieldAsValue();
+  EXPECT_TRUE(v.IsNumber());
+  EXPECT_EQ(v.str(), "123");
+  v = FieldAsValue();
+  EXPECT_TRUE(v.IsText());
+  EXPECT_EQ(v.text(), "$12.50");
+  v = FieldAsValue();
+  EXPECT_TRUE(v.IsText());
+  EXPECT_EQ(v.text(), "00123");
+  EXPECT_TRUE(FieldAsValue().IsBlank());
+  EXPECT_EQ(FieldAsValue().str(), "8.5");
+  EXPECT_EQ(FieldAsValue().str(), "8");
+  EXPECT_EQ(FieldAsValue().number(), -150.0);
+  v = FieldAsValue();
+  EXPECT_TRUE(v.IsText());
+  EXPECT_EQ(v.text(), "1 2");
+  v = FieldAsValue();
+  EXPECT_TRUE(v.IsNumber());
+  EXPECT_EQ(v.number(), 42.0);
+  EXPECT_TRUE(in_.Eof());
+  // A text member keeps the characters.
+  OpenWith("00123\r\n");
+  EXPECT_EQ(Field(), "00123");
+}
+
+TEST_F(InputFileFields, ShortRecordsRunOnAndLinesMixWithFields) {
+  // Three fields a record: the first record's third field comes from the next line.
+  OpenWith("a,b\r\nc,d,e\r\n");
+  EXPECT_EQ((Strings{Field(), Field(), Field()}), (Strings{"a", "b", "c"}));
+  EXPECT_EQ(Field(), "d");
+  EXPECT_EQ(Field(), "e");
+  EXPECT_EQ(ErrorOf([&] { Field(); }), 62);  // the half record ends the reading
+
+  // A heading line, then fields; a line read after a field continues from there.
+  OpenWith("Emp,Hours\r\n1,8\r\n2,x,rest\nlast");
+  EXPECT_EQ(in_.LineInput(), "Emp,Hours");
+  EXPECT_EQ(Field(), "1");
+  EXPECT_EQ(Field(), "8");
+  EXPECT_EQ(Field(), "2");
+  EXPECT_EQ(in_.LineInput(), "x,rest");
+  EXPECT_EQ(Field(), "last");
+  EXPECT_TRUE(in_.Eof());
+}
+
+using InputFileRecords = InputFileTest;
+
+// The reading loop of the fixed-record formats: every whole record, never the partial one.
+int TranslatedRecords(InputFile& in, Strings* seen = nullptr) {
+  std::string record = "left over from before";
+  int count = 0;
+  in.Get(record);
+  while (!in.Eof()) {
+    ++count;
+    if (seen) seen->push_back(record);
+    in.Get(record);
+  }
+  return count;
+}
+
+TEST_F(InputFileRecords, WholeRecordsThenAShortOne) {
+  Strings seen;
+  OpenWith("abc\r\ndef\r\nxy", OpenMode::Fixed, 5);
+  EXPECT_EQ(TranslatedRecords(in_, &seen), 2);
+  EXPECT_EQ(seen, (Strings{"abc\r\n", "def\r\n"}));
+  std::string record;
+  in_.Get(record);  // once at the end, every further Get is blank
+  EXPECT_EQ(record, "     ");
+  EXPECT_TRUE(in_.Eof());
+
+  OpenWith("abcdefg", OpenMode::Fixed, 4);
+  in_.Get(record);
+  EXPECT_EQ(record, "abcd");
+  EXPECT_FALSE(in_.Eof());
+  in_.Get(record);
+  EXPECT_EQ(record, "efg ");
+  EXPECT_TRUE(in_.Eof());
+}
+
+TEST_F(InputFileRecords, ExactMultiplesEmptyFilesAndCtrlZAsData) {
+  OpenWith("abcdefgh", OpenMode::Fixed, 4);
+  std::string record;
+  in_.Get(record);
+  in_.Get(record);
+  EXPECT_EQ(record, "efgh");
+  EXPECT_FALSE(in_.Eof());
+  in_.Get(record);
+  EXPECT_EQ(record, "    ");
+  EXPECT_TRUE(in_.Eof());
+
+  OpenWith("", OpenMode::Fixed, 3);
+  EXPECT_EQ(TranslatedRecords(in_), 0);
+
+  const std::string z = "\x1A";  // an ordinary byte in a record
+  OpenWith("a" + z + "b" + z, OpenMode::Fixed, 2);
+  Strings seen;
+  EXPECT_EQ(TranslatedRecords(in_, &seen), 2);
+  EXPECT_EQ(seen, (Strings{"a" + z, "b" + z}));
+}
+
+TEST_F(InputFileRecords, RecordsAcrossTheBuffer) {
+  // 150 records of 1000 bytes and a 10-byte tail: records cross every buffer edge.
+  std::string data;
+  for (int i = 0; i < 150; ++i) data += std::string(1000, static_cast<char>('A' + i % 26));
+  data += "0123456789";
+  OpenWith(data, OpenMode::Fixed, 1000);
+  Strings seen;
+  EXPECT_EQ(TranslatedRecords(in_, &seen), 150);
+  ASSERT_EQ(seen.size(), 150u);
+  for (int i = 0; i < 150; ++i) {
+    EXPECT_EQ(seen[i], std::string(1000, static_cast<char>('A' + i % 26))) << i;
+  }
+}
+
+}  // namespace
+}  // namespace corvane
