@@ -53,12 +53,24 @@ class Value {
 // texts byte by byte; a number and other text as texts; blank as 0 or "". Returns <0, 0, >0.
 int Compare(const Value& a, const Value& b);
 
-inline bool operator==(const Value& a, const Value& b) { return Compare(a, b) == 0; }
-inline bool operator!=(const Value& a, const Value& b) { return Compare(a, b) != 0; }
-inline bool operator<(const Value& a, const Value& b) { return Compare(a, b) < 0; }
-inline bool operator>(const Value& a, const Value& b) { return Compare(a, b) > 0; }
-inline bool operator<=(const Value& a, const Value& b) { return Compare(a, b) <= 0; }
-inline bool operator>=(const Value& a, const Value& b) { return Compare(a, b) >= 0; }
+inline bool operator==(const Value& a, const Value& b) {
+  return Compare(a, b) == 0;
+}
+inline bool operator!=(const Value& a, const Value& b) {
+  return Compare(a, b) != 0;
+}
+inline bool operator<(const Value& a, const Value& b) {
+  return Compare(a, b) < 0;
+}
+inline bool operator>(const Value& a, const Value& b) {
+  return Compare(a, b) > 0;
+}
+inline bool operator<=(const Value& a, const Value& b) {
+  return Compare(a, b) <= 0;
+}
+inline bool operator>=(const Value& a, const Value& b) {
+  return Compare(a, b) >= 0;
+}
 
 // A number as the system prints it: up to 15 significant digits, no trailing zeros,
 // a leading zero below 1 ("0.5"), no point for whole numbers ("40").

@@ -1,0 +1,65 @@
+// Internal to runtime/: the decimal digits a number prints with, shared by PrintNumber and
+// the pictures so that both round the same digits.
+#pragma once
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace corvane::detail {
+
+// The decimal digits of |x| rounded to 15 significant digits, trailing zeros dropped, for a
+// finite non-zero x: writes them to digits (room for 17), sets exponent to the power of
+// ten of the first digit, and returns how many there are (1..15).
+//
+// Fastest path: for 1e-4 <= |x| < 1e15, the first k in 0..6 for which fl(|x| * 10^k) is a
+// whole number m below 1e15 gives the digits of m and the exponent. Exact: |x - m/10^k| is
+// at most 2^-53 of m/10^k (one rounding of the product), below half a unit in the 15th
+// digit (at least 5e-16 of it), and m/10^k has at most 15 significant digits, so it is
+// the 15-digit rounding of x. This covers most figures of a payroll (8.5, 12.37, 0.25).
+//
+// Fast path: when the shortest round-trip form of a normal double has at most 15 digits,
+// it is that rounding (the half-ulp of a normal double, at most 2^-53 of it, is below half
+// a unit in the 15th digit, at least 5e-16 of it). Otherwise, and for subnormals whose
+// shortest form is short only for lack of precision, the digits come from a correctly
+// rounded 15-digit conversion.
+inline int Digits15(double x, char* digits, int& exponent) {
+  x = std::fabs(x);
+  char buf[40];
+  auto parse = [&](const char* end) {
+    int n = 0;
+    const char* p = buf;
+    while (p < end && *p != 'e') {
+      if (*p != '.') digits[n++] = *p;
+      ++p;
+    }
+    exponent = 0;
+    if (p < end) std::from_chars(p[1] == '+' ? p + 2 : p + 1, end, exponent);
+    while (n > 1 && digits[n - 1] == '0') --n;
+    return n;
+  };
+  if (x >= 1e-4 && x < 1e15) {
+    static constexpr double kPow[7] = {1, 10, 100, 1e3, 1e4, 1e5, 1e6};
+    for (int k = 0; k < 7; ++k) {
+      const double m = x * kPow[k];
+      if (m >= 1e15) break;
+      if (m == std::trunc(m)) {
+        auto r = std::to_chars(digits, digits + 17, static_cast<long long>(m));
+        int n = static_cast<int>(r.ptr - digits);
+        exponent = n - 1 - k;
+        while (n > 1 && digits[n - 1] == '0') --n;
+        return n;
+      }
+    }
+  }
+  if (x >= std::numeric_limits<double>::min()) {
+    auto r = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::scientific);
+    int significant = 0;
+    for (const char* p = buf; p < r.ptr && *p != 'e'; ++p) significant += *p != '.';
+    if (significant <= 15) return parse(r.ptr);
+  }
+  auto r = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::scientific, 14);
+  return parse(r.ptr);
+}
+
+}  // namespace corvane::detail
