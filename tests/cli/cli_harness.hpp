@@ -1,0 +1,96 @@
+// Drives the built `corvane` command as a separate process, the way a bureau's script does,
+// and gives the tests its exit status, its streams, the files it wrote and its transcript.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+namespace corvane_test {
+
+struct CommandResult {
+  int status = -1;  // exit status; 128 + signal number when a signal ended it
+  bool timed_out = false;
+  std::string out;
+  std::string err;
+};
+
+// Runs CORVANE_BINARY with `args` (no shell), standard input from /dev/null, in `cwd`, with
+// HOME pointing at `home` so that no default folder of the real user is touched.
+CommandResult RunCommand(const std::vector<std::string>& args, const std::filesystem::path& cwd,
+                         const std::filesystem::path& home);
+
+// A fresh temporary folder per test, removed at the end. Its path holds no "." so that it can
+// never pass for a file name with an extension.
+class WorkDir {
+ public:
+  WorkDir();
+  ~WorkDir();
+  WorkDir(const WorkDir&) = delete;
+  WorkDir& operator=(const WorkDir&) = delete;
+
+  const std::filesystem::path& root() const { return root_; }
+  std::filesystem::path settings() const { return root_ / "settings"; }
+  std::filesystem::path output() const { return root_ / "out"; }
+  std::filesystem::path home() const { return root_ / "home"; }
+  std::filesystem::path transcript() const { return root_ / "run.jsonl"; }
+
+  // Copies a fixture into the work folder and returns its new path.
+  std::filesystem::path CopyIn(const std::filesystem::path& from, const std::string& name) const;
+
+ private:
+  std::filesystem::path root_;
+};
+
+std::string ReadBytes(const std::filesystem::path& file);
+void WriteBytes(const std::filesystem::path& file, const std::string& bytes);
+
+// The transcript's texts hold the single-byte characters as U+0000..U+00FF; this turns such a
+// UTF-8 string back into the bytes the program built.
+std::string TranscriptBytes(const std::string& utf8);
+
+// Every JSON line of a transcript file; an empty vector when the file is missing.
+std::vector<nlohmann::json> ReadTranscript(const std::filesystem::path& file);
+
+// The transcript without its progress lines: messages, questions and run-time errors.
+std::vector<nlohmann::json> Dialogue(const std::vector<nlohmann::json>& transcript);
+
+// Splits a file written by the program into lines, each of which must end in CR LF.
+// A final fragment without CR LF is kept as a line of its own so that the test sees it.
+std::vector<std::string> CrLfLines(const std::string& bytes);
+
+// Splits one import line at its commas.
+std::vector<std::string> Fields(const std::string& line);
+
+// A `corvane run` call with the options most tests share; the test adds the rest.
+struct RunCall {
+  explicit RunCall(const WorkDir& dir);
+  // Appends options; a named single-valued option already present gets the new value instead.
+  RunCall& Add(std::initializer_list<std::string> more);
+  CommandResult Go() const;
+  std::vector<nlohmann::json> Transcript() const { return ReadTranscript(dir_.transcript()); }
+
+  std::vector<std::string> args;
+
+ private:
+  const WorkDir& dir_;
+};
+
+// The report that ends a completed run, built from its parts.
+std::string Report(const std::string& chosen_tc, long tc_count, long rec_count,
+                   const std::string& out_file, const std::string& audit_file);
+
+// One message line of the transcript, compared field by field; the text is given as the bytes
+// the program built. An empty `title` is not compared.
+::testing::AssertionResult IsMessage(const nlohmann::json& line, const std::string& title,
+                                     const std::string& text,
+                                     const std::vector<std::string>& buttons,
+                                     const std::string& answer);
+
+// A fixture file under tests/fixtures.
+std::filesystem::path Fixture(const std::string& relative);
+
+}  // namespace corvane_test
