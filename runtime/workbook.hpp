@@ -1,7 +1,9 @@
 // Workbook access: .xls through FreeXL, .xlsx through libzip + expat.
 #pragma once
 
+#include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -62,5 +64,44 @@ class Workbook {
 
 // Column letters to a number: "A" is 1, "Z" 26, "AA" 27; raises 5 for anything else.
 int ColumnNumber(std::string_view letters);
+
+// What the readers of the two file formats share (runtime/workbook*.cpp); not for use
+// elsewhere.
+namespace workbook_detail {
+
+// The sheet grid of the newest format; cells beyond it cannot exist in a sound file.
+inline constexpr long kMaxRow = 1048576;
+inline constexpr int kMaxColumn = 16384;
+// Bounds on what one workbook may cost, far above any time-clock export.
+inline constexpr std::size_t kMaxCells = 2'000'000;
+inline constexpr std::size_t kMaxTextBytes = std::size_t{256} << 20;
+
+// Raises 1004: not a readable workbook.
+[[noreturn]] void Unreadable();
+// The system's text is single-byte: UTF-8 characters up to U+00FF become their byte, any
+// other character (or a broken sequence) "?".
+std::string Utf8ToLatin1(std::string_view utf8);
+// Case folding over the single-byte character set.
+unsigned char FoldCase(unsigned char c);
+// A date cell's text from its day serial ("1/15/2024", "1/15/2024 1:45:00 PM", "8:30:00 AM");
+// nullopt for a number no date can have.
+std::optional<std::string> SerialDateText(double serial, bool date1904);
+// The same text from "yyyy-mm-dd", "yyyy-mm-dd hh:mm:ss" (or with "T") or "hh:mm:ss".
+std::optional<std::string> IsoDateText(std::string_view iso);
+
+// Counts the cells and characters of one workbook; raises 1004 past the bounds.
+class Budget {
+ public:
+  void Add(const Value& v);
+
+ private:
+  std::size_t cells_ = 0;
+  std::size_t text_bytes_ = 0;
+};
+
+std::vector<Sheet> ReadXls(const std::string& path);
+std::unique_ptr<Workbook> ReadXlsx(const std::string& path);
+
+}  // namespace workbook_detail
 
 }  // namespace corvane
