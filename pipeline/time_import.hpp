@@ -132,6 +132,8 @@ class frmTimeImport {
  private:
   void Dispatch();
   void BuildOutputName();
+  // The writers' first steps: the drop rules and the shift; false drops the record.
+  bool KeepRecord(bool x_passes);
   void BuildLine(bool other);
 
   struct HolderBase {

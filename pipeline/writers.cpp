@@ -103,16 +103,21 @@ void frmTimeImport::BuildLine(bool other) {
   }
 }
 
-void frmTimeImport::WriteOutputRec() {
+bool frmTimeImport::KeepRecord(bool x_passes) {
   ImportRecord& r = ImportRec;
-  // "eWorks" passes a code of "X" through to the file.
-  if (UCase(Trim(r.Earning_Code)) == "X" && S[PickTC].SelectedText() != "eWorks") return;
+  if (!x_passes && UCase(Trim(r.Earning_Code)) == "X") return false;
   const double hours = DropTestNumber(Format(r.Hours, ".00"));
   const double amount = DropTestNumber(Format(Value(r.Amount), ".00"));
-  if (hours == 0.0 && amount == 0.0) return;
+  if (hours == 0.0 && amount == 0.0) return false;
   // Shift 1 is the default and is not sent.
   const std::string shift = Trim(r.Shift);
   if (shift == "0" || shift == "00" || shift == "1") r.Shift = "";
+  return true;
+}
+
+void frmTimeImport::WriteOutputRec() {
+  // "eWorks" passes a code of "X" through to the file.
+  if (!KeepRecord(S[PickTC].SelectedText() == "eWorks")) return;
   BuildLine(false);
   Build_String = line_;
   Stream(OutputStream).WriteLine(line_);
@@ -121,13 +126,7 @@ void frmTimeImport::WriteOutputRec() {
 }
 
 void frmTimeImport::WriteOutputRecOther() {
-  ImportRecord& r = ImportRec;
-  if (UCase(Trim(r.Earning_Code)) == "X") return;
-  const double hours = DropTestNumber(Format(r.Hours, ".00"));
-  const double amount = DropTestNumber(Format(Value(r.Amount), ".00"));
-  if (hours == 0.0 && amount == 0.0) return;
-  const std::string shift = Trim(r.Shift);
-  if (shift == "0" || shift == "00" || shift == "1") r.Shift = "";
+  if (!KeepRecord(false)) return;
   BuildLine(true);
   Build_String = line_;
   Stream(ExceptionStream).WriteLine(line_);
