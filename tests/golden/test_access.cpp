@@ -27,8 +27,9 @@ fs::path AuditFile(const WorkDir& dir) {
   return dir.output() / "Corvane_Audit_123.txt";
 }
 
-void ExpectRun(const WorkDir& dir, const RunCall& call, const CommandResult& result, long tc_count,
-               long rec_count, const std::string& expected_prefix) {
+// The run completed, and its only message is the report with these counts.
+void ExpectOnlyReport(const WorkDir& dir, const RunCall& call, const CommandResult& result,
+                      long tc_count, long rec_count) {
   ASSERT_FALSE(result.timed_out);
   ASSERT_EQ(result.status, 0) << result.err;
   auto dialogue = Dialogue(call.Transcript());
@@ -37,6 +38,11 @@ void ExpectRun(const WorkDir& dir, const RunCall& call, const CommandResult& res
       dialogue[0], "Corvane",
       Report("Access", tc_count, rec_count, OutFile(dir).string(), AuditFile(dir).string()), {"OK"},
       "OK"));
+}
+
+void ExpectRun(const WorkDir& dir, const RunCall& call, const CommandResult& result, long tc_count,
+               long rec_count, const std::string& expected_prefix) {
+  ExpectOnlyReport(dir, call, result, tc_count, rec_count);
   EXPECT_EQ(ReadBytes(OutFile(dir)), ReadBytes(Fixture(expected_prefix + "_ta.txt")));
   EXPECT_EQ(ReadBytes(AuditFile(dir)), ReadBytes(Fixture(expected_prefix + "_audit.txt")));
 }
@@ -86,12 +92,7 @@ TEST(AccessTranslator, CtrlZIsOrdinaryDataInTheExport) {
              "S1,B,202,,,6,,,,,,,,,,,,,,,\r\n");
   auto call = AccessCall(dir, dir.root() / "access.csv");
   auto result = call.Go();
-  ASSERT_EQ(result.status, 0) << result.err;
-  auto dialogue = Dialogue(call.Transcript());
-  ASSERT_EQ(dialogue.size(), 1u);
-  EXPECT_TRUE(IsMessage(dialogue[0], "Corvane",
-                        Report("Access", 2, 2, OutFile(dir).string(), AuditFile(dir).string()),
-                        {"OK"}, "OK"));
+  ExpectOnlyReport(dir, call, result, 2, 2);
   EXPECT_EQ(ReadBytes(OutFile(dir)),
             "\"201\",\"\",,,,E,2,,7.5,,,,,,,1,,,,,,,,,,,,,\r\n"
             "\"202\",\"\",,,,E,2,,6,,,,,,,1,,,,,,,,,,,,,\r\n");
@@ -132,12 +133,7 @@ TEST(AccessTranslator, HeaderOnlyAndEmptyFilesGiveZeroCounts) {
     WriteBytes(dir.root() / "access.csv", content);
     auto call = AccessCall(dir, dir.root() / "access.csv");
     auto result = call.Go();
-    ASSERT_EQ(result.status, 0) << result.err;
-    auto dialogue = Dialogue(call.Transcript());
-    ASSERT_EQ(dialogue.size(), 1u);
-    EXPECT_TRUE(IsMessage(dialogue[0], "Corvane",
-                          Report("Access", 0, 0, OutFile(dir).string(), AuditFile(dir).string()),
-                          {"OK"}, "OK"));
+    ExpectOnlyReport(dir, call, result, 0, 0);
     EXPECT_EQ(ReadBytes(OutFile(dir)), "");
     EXPECT_EQ(ReadBytes(AuditFile(dir)), "");
   }
@@ -152,12 +148,7 @@ TEST(AccessTranslator, RecordCutShortWithoutLineEndIsNotTranslated) {
              "S1,B,202,,,9,,,,,,,,13,");
   auto call = AccessCall(dir, dir.root() / "access.csv");
   auto result = call.Go();
-  ASSERT_EQ(result.status, 0) << result.err;
-  auto dialogue = Dialogue(call.Transcript());
-  ASSERT_EQ(dialogue.size(), 1u);
-  EXPECT_TRUE(IsMessage(dialogue[0], "Corvane",
-                        Report("Access", 1, 1, OutFile(dir).string(), AuditFile(dir).string()),
-                        {"OK"}, "OK"));
+  ExpectOnlyReport(dir, call, result, 1, 1);
   EXPECT_EQ(ReadBytes(OutFile(dir)), "\"201\",\"\",,,,E,2,,7.5,,,,,,,1,,,,,,,,,,,,,\r\n");
   EXPECT_EQ(ReadBytes(AuditFile(dir)),
             "Emp_no: 201, Emp_Name: , Dept: , Shift: \r\n E2 - 7.5 Hours\r\n");
@@ -168,12 +159,7 @@ TEST(AccessTranslator, ExampleExportGivesWhatItsReadmeStates) {
   auto input = dir.CopyIn(fs::path(CORVANE_EXAMPLES) / "access.csv", "access.csv");
   auto call = AccessCall(dir, input);
   auto result = call.Go();
-  ASSERT_EQ(result.status, 0) << result.err;
-  auto dialogue = Dialogue(call.Transcript());
-  ASSERT_EQ(dialogue.size(), 1u);
-  EXPECT_TRUE(IsMessage(dialogue[0], "Corvane",
-                        Report("Access", 8, 25, OutFile(dir).string(), AuditFile(dir).string()),
-                        {"OK"}, "OK"));
+  ExpectOnlyReport(dir, call, result, 8, 25);
   auto audit = CrLfLines(ReadBytes(AuditFile(dir)));
   ASSERT_EQ(audit.size(), 50u);
   EXPECT_EQ(audit[0], "Emp_no: 1001, Emp_Name: , Dept: , Shift: ");

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "error_of.hpp"
 #include "runtime/errors.hpp"
 #include "runtime/infile.hpp"
 
@@ -62,14 +63,7 @@ class InputFileTest : public ::testing::Test {
 
 using Strings = std::vector<std::string>;
 
-int ErrorOf(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const RuntimeError& e) {
-    return e.number();
-  }
-  return 0;
-}
+using testing::ErrorOf;
 
 using InputFileOpen = InputFileTest;
 

@@ -4,21 +4,14 @@
 #include <string>
 #include <vector>
 
+#include "error_of.hpp"
 #include "runtime/errors.hpp"
 #include "runtime/text.hpp"
 
 namespace corvane {
 namespace {
 
-template <typename F>
-int ErrorOf(F f) {
-  try {
-    f();
-  } catch (const RuntimeError& e) {
-    return e.number();
-  }
-  return 0;
-}
+using testing::ErrorOf;
 
 using Parts = std::vector<std::string>;
 

@@ -9,6 +9,7 @@
 #include <random>
 #include <string>
 
+#include "error_of.hpp"
 #include "runtime/digits.hpp"
 #include "runtime/errors.hpp"
 #include "runtime/value.hpp"
@@ -16,16 +17,7 @@
 namespace corvane {
 namespace {
 
-// The error number a call raises, or 0 when it raises none.
-template <typename F>
-int ErrorOf(F f) {
-  try {
-    f();
-  } catch (const RuntimeError& e) {
-    return e.number();
-  }
-  return 0;
-}
+using testing::ErrorOf;
 
 constexpr double kInf = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();

@@ -15,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+#include "error_of.hpp"
 #include "runtime/errors.hpp"
 #include "runtime/workbook.hpp"
 
@@ -44,14 +45,7 @@ std::string Show(const Value& v) {
   return ::testing::AssertionFailure() << Show(actual) << ", expected " << Show(expected);
 }
 
-int ErrorOf(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const RuntimeError& e) {
-    return e.number();
-  }
-  return 0;
-}
+using testing::ErrorOf;
 
 class TempDir {
  public:
