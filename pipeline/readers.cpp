@@ -8,14 +8,6 @@
 
 namespace corvane {
 
-void ResumeNext(const std::function<void()>& statement) {
-  try {
-    statement();
-  } catch (const RuntimeError&) {
-    // passed over: the statement after the failing one runs
-  }
-}
-
 namespace {
 
 // One branch's run of its shape, with its frame's way of taking errors.
@@ -56,13 +48,10 @@ class Branch {
   // A statement of the branch: under the ignore frame an error in it is passed over.
   template <class Fn>
   void Do(Fn&& fn) {
-    if (!ignore) {
+    if (ignore) {
+      ResumeNext(fn);
+    } else {
       fn();
-      return;
-    }
-    try {
-      fn();
-    } catch (const RuntimeError&) {
     }
   }
 

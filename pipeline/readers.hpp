@@ -1,7 +1,7 @@
 // The reader shapes and error frames, written once for every branch.
 #pragma once
 
-#include <functional>
+#include "runtime/errors.hpp"
 
 namespace corvane {
 
@@ -14,6 +14,13 @@ void RunBranch(frmTimeImport& F, const ClockEntry& clock, const Translator& tran
 
 // One statement under the "ignore" frame: an error in it is passed over and the next
 // statement runs. Translators whose errors are ignored statement by statement use it.
-void ResumeNext(const std::function<void()>& statement);
+template <class Statement>
+void ResumeNext(Statement&& statement) {
+  try {
+    statement();
+  } catch (const RuntimeError&) {
+    // passed over: the statement after the failing one runs
+  }
+}
 
 }  // namespace corvane

@@ -1,7 +1,5 @@
 // The two ends of a run: the press of the button with its checks and file names, and the
 // file routines that open and close a run.
-#include <filesystem>
-
 #include "pipeline/dispatch.hpp"
 #include "pipeline/readers.hpp"
 #include "pipeline/time_import.hpp"
@@ -14,20 +12,15 @@ namespace corvane {
 
 namespace {
 
-constexpr char kSep = std::filesystem::path::preferred_separator;
 constexpr char kCR = '\r';
 
-// The path join of the system: a plain separator whatever the folder ends in.
 std::string Join(const Value& folder, std::string_view name) {
-  std::string path = folder.str();
-  path += kSep;
-  path += name;
-  return path;
+  return JoinPath(folder.str(), name);
 }
 
 // A full path with an extension: on this platform, absolute and holding a point.
 bool IsFullPath(const std::string& path) {
-  return !path.empty() && path.front() == kSep && path.find('.') != std::string::npos;
+  return !path.empty() && path.front() == kPathSeparator && path.find('.') != std::string::npos;
 }
 
 }  // namespace
@@ -242,7 +235,7 @@ void frmTimeImport::CloseFiles() {
 
 Value frmTimeImport::ExtractInputPath() const {
   const std::string path = INFile.str();
-  const std::size_t last = path.rfind(kSep);
+  const std::size_t last = path.rfind(kPathSeparator);
   if (last == std::string::npos) return Value("");
   return Value(path.substr(0, last + 1));
 }

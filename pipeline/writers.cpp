@@ -1,6 +1,4 @@
 // The Evolution import line, the audit trail and the exception files.
-#include <filesystem>
-
 #include "pipeline/dispatch.hpp"
 #include "pipeline/time_import.hpp"
 #include "pipeline/translator.hpp"
@@ -11,8 +9,6 @@
 namespace corvane {
 
 namespace {
-
-constexpr char kSep = std::filesystem::path::preferred_separator;
 
 // The empty-record test of the writer: a blank or empty figure counts as zero, and text that
 // is not a number is a type mismatch.
@@ -175,9 +171,7 @@ void frmTimeImport::WriteExceptionRec(const Value& Detail) {
   } else {
     return;
   }
-  std::string path = Output_Path.str();
-  path += kSep;
-  path += name;
+  const std::string path = JoinPath(Output_Path.str(), name);
   ExceptionFile = path;
   exceptNotice = true;
   try {

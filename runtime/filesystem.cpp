@@ -22,6 +22,15 @@ std::filesystem::path Absolute(std::string_view path) {
 
 }  // namespace
 
+std::string JoinPath(std::string_view folder, std::string_view name) {
+  std::string path;
+  path.reserve(folder.size() + 1 + name.size());
+  path += folder;
+  path += kPathSeparator;
+  path += name;
+  return path;
+}
+
 TextStream::TextStream(FileSystem* owner, std::string path, std::FILE* file)
     : owner_(owner), path_(std::move(path)), file_(file), buffer_(new char[kStreamBuffer]) {
   std::setvbuf(file_, buffer_.get(), _IOFBF, kStreamBuffer);

@@ -3,12 +3,21 @@
 #pragma once
 
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <set>
 #include <string>
 #include <string_view>
 
 namespace corvane {
+
+// The platform's path separator.
+inline constexpr char kPathSeparator =
+    static_cast<char>(std::filesystem::path::preferred_separator);
+
+// The system's path join: folder, one separator, name, whatever the folder ends in (a folder
+// typed with a trailing separator gives a doubled one).
+std::string JoinPath(std::string_view folder, std::string_view name);
 
 class FileSystem;
 

@@ -5,6 +5,7 @@
 #include <system_error>
 #include <unordered_map>
 
+#include "runtime/filesystem.hpp"
 #include "screen/operator.hpp"
 
 namespace corvane {
@@ -45,7 +46,7 @@ const std::unordered_map<std::string_view, Ctl>& NameIndex() {
   return *index;
 }
 
-constexpr char kSep = std::filesystem::path::preferred_separator;
+constexpr char kSep = kPathSeparator;
 
 }  // namespace
 
