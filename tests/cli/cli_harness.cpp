@@ -271,6 +271,26 @@ std::string Report(const std::string& chosen_tc, long tc_count, long rec_count,
          cr + cr + "";
 }
 
+std::filesystem::path ImportFile123(const WorkDir& dir) {
+  return dir.output() / "123_ta.txt";
+}
+
+std::filesystem::path AuditFile123(const WorkDir& dir) {
+  return dir.output() / "Corvane_Audit_123.txt";
+}
+
+void ExpectOnlyReport(const WorkDir& dir, const RunCall& call, const CommandResult& result,
+                      const std::string& chosen_tc, long tc_count, long rec_count) {
+  ASSERT_FALSE(result.timed_out);
+  ASSERT_EQ(result.status, 0) << result.err;
+  auto dialogue = Dialogue(call.Transcript());
+  ASSERT_EQ(dialogue.size(), 1u) << result.err;
+  EXPECT_TRUE(IsMessage(dialogue[0], "Corvane",
+                        Report(chosen_tc, tc_count, rec_count, ImportFile123(dir).string(),
+                               AuditFile123(dir).string()),
+                        {"OK"}, "OK"));
+}
+
 ::testing::AssertionResult IsMessage(const nlohmann::json& line, const std::string& title,
                                      const std::string& text,
                                      const std::vector<std::string>& buttons,

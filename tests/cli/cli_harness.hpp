@@ -90,6 +90,15 @@ std::string Report(const std::string& chosen_tc, long tc_count, long rec_count,
                                      const std::vector<std::string>& buttons,
                                      const std::string& answer);
 
+// The import and audit files of company 123 without a location, in the run's output folder.
+std::filesystem::path ImportFile123(const WorkDir& dir);
+std::filesystem::path AuditFile123(const WorkDir& dir);
+
+// The run completed, and its only message is the report of `chosen_tc` with these counts,
+// naming the files of company 123.
+void ExpectOnlyReport(const WorkDir& dir, const RunCall& call, const CommandResult& result,
+                      const std::string& chosen_tc, long tc_count, long rec_count);
+
 // A fixture file under tests/fixtures.
 std::filesystem::path Fixture(const std::string& relative);
 

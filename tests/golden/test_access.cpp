@@ -20,31 +20,11 @@ RunCall AccessCall(const WorkDir& dir, const fs::path& input) {
   return call;
 }
 
-fs::path OutFile(const WorkDir& dir) {
-  return dir.output() / "123_ta.txt";
-}
-fs::path AuditFile(const WorkDir& dir) {
-  return dir.output() / "Corvane_Audit_123.txt";
-}
-
-// The run completed, and its only message is the report with these counts.
-void ExpectOnlyReport(const WorkDir& dir, const RunCall& call, const CommandResult& result,
-                      long tc_count, long rec_count) {
-  ASSERT_FALSE(result.timed_out);
-  ASSERT_EQ(result.status, 0) << result.err;
-  auto dialogue = Dialogue(call.Transcript());
-  ASSERT_EQ(dialogue.size(), 1u) << result.err;
-  EXPECT_TRUE(IsMessage(
-      dialogue[0], "Corvane",
-      Report("Access", tc_count, rec_count, OutFile(dir).string(), AuditFile(dir).string()), {"OK"},
-      "OK"));
-}
-
 void ExpectRun(const WorkDir& dir, const RunCall& call, const CommandResult& result, long tc_count,
                long rec_count, const std::string& expected_prefix) {
-  ExpectOnlyReport(dir, call, result, tc_count, rec_count);
-  EXPECT_EQ(ReadBytes(OutFile(dir)), ReadBytes(Fixture(expected_prefix + "_ta.txt")));
-  EXPECT_EQ(ReadBytes(AuditFile(dir)), ReadBytes(Fixture(expected_prefix + "_audit.txt")));
+  ExpectOnlyReport(dir, call, result, "Access", tc_count, rec_count);
+  EXPECT_EQ(ReadBytes(ImportFile123(dir)), ReadBytes(Fixture(expected_prefix + "_ta.txt")));
+  EXPECT_EQ(ReadBytes(AuditFile123(dir)), ReadBytes(Fixture(expected_prefix + "_audit.txt")));
 }
 
 TEST(AccessTranslator, EveryCategoryGoesOutInTheFormatsOrder) {
@@ -92,8 +72,8 @@ TEST(AccessTranslator, CtrlZIsOrdinaryDataInTheExport) {
              "S1,B,202,,,6,,,,,,,,,,,,,,,\r\n");
   auto call = AccessCall(dir, dir.root() / "access.csv");
   auto result = call.Go();
-  ExpectOnlyReport(dir, call, result, 2, 2);
-  EXPECT_EQ(ReadBytes(OutFile(dir)),
+  ExpectOnlyReport(dir, call, result, "Access", 2, 2);
+  EXPECT_EQ(ReadBytes(ImportFile123(dir)),
             "\"201\",\"\",,,,E,2,,7.5,,,,,,,1,,,,,,,,,,,,,\r\n"
             "\"202\",\"\",,,,E,2,,6,,,,,,,1,,,,,,,,,,,,,\r\n");
 }
@@ -116,7 +96,7 @@ TEST(AccessTranslator, OldFormatLinesKeepTheirFieldCount) {
   call.Add({"--set", "optOldFormat=1"});
   auto result = call.Go();
   ExpectRun(dir, call, result, 4, 12, "access/expected_123");
-  for (const auto& line : CrLfLines(ReadBytes(OutFile(dir)))) {
+  for (const auto& line : CrLfLines(ReadBytes(ImportFile123(dir)))) {
     // The one line whose dollars hold a thousands separator has one comma more.
     size_t extra = line.find("1,234.50") == std::string::npos ? 0 : 1;
     EXPECT_EQ(static_cast<size_t>(std::count(line.begin(), line.end(), ',')), 28 + extra) << line;
@@ -133,9 +113,9 @@ TEST(AccessTranslator, HeaderOnlyAndEmptyFilesGiveZeroCounts) {
     WriteBytes(dir.root() / "access.csv", content);
     auto call = AccessCall(dir, dir.root() / "access.csv");
     auto result = call.Go();
-    ExpectOnlyReport(dir, call, result, 0, 0);
-    EXPECT_EQ(ReadBytes(OutFile(dir)), "");
-    EXPECT_EQ(ReadBytes(AuditFile(dir)), "");
+    ExpectOnlyReport(dir, call, result, "Access", 0, 0);
+    EXPECT_EQ(ReadBytes(ImportFile123(dir)), "");
+    EXPECT_EQ(ReadBytes(AuditFile123(dir)), "");
   }
 }
 
@@ -148,9 +128,9 @@ TEST(AccessTranslator, RecordCutShortWithoutLineEndIsNotTranslated) {
              "S1,B,202,,,9,,,,,,,,13,");
   auto call = AccessCall(dir, dir.root() / "access.csv");
   auto result = call.Go();
-  ExpectOnlyReport(dir, call, result, 1, 1);
-  EXPECT_EQ(ReadBytes(OutFile(dir)), "\"201\",\"\",,,,E,2,,7.5,,,,,,,1,,,,,,,,,,,,,\r\n");
-  EXPECT_EQ(ReadBytes(AuditFile(dir)),
+  ExpectOnlyReport(dir, call, result, "Access", 1, 1);
+  EXPECT_EQ(ReadBytes(ImportFile123(dir)), "\"201\",\"\",,,,E,2,,7.5,,,,,,,1,,,,,,,,,,,,,\r\n");
+  EXPECT_EQ(ReadBytes(AuditFile123(dir)),
             "Emp_no: 201, Emp_Name: , Dept: , Shift: \r\n E2 - 7.5 Hours\r\n");
 }
 
@@ -159,8 +139,8 @@ TEST(AccessTranslator, ExampleExportGivesWhatItsReadmeStates) {
   auto input = dir.CopyIn(fs::path(CORVANE_EXAMPLES) / "access.csv", "access.csv");
   auto call = AccessCall(dir, input);
   auto result = call.Go();
-  ExpectOnlyReport(dir, call, result, 8, 25);
-  auto audit = CrLfLines(ReadBytes(AuditFile(dir)));
+  ExpectOnlyReport(dir, call, result, "Access", 8, 25);
+  auto audit = CrLfLines(ReadBytes(AuditFile123(dir)));
   ASSERT_EQ(audit.size(), 50u);
   EXPECT_EQ(audit[0], "Emp_no: 1001, Emp_Name: , Dept: , Shift: ");
   EXPECT_EQ(audit[1], " E2 - 40 Hours");
