@@ -79,9 +79,24 @@ class frmTimeImport {
   // The input files by number: 1 the export, 9 a second input.
   InputFile& File(int number);
 
-  // Start and screen.
+  // Start and end of the program; the stored screen.
   void Form_Load();
   void Set_Defaults();
+  void Form_Unload();
+  // The menu's Exit: the side forms, then the main form.
+  void Exit();
+  // Loads frmKv8 and frmTMdept hidden (a form already loaded stays as it is); read_tm has
+  // the Time Manager form read its settings file.
+  void LoadSideForms(bool read_tm);
+  void UnloadSideForms();
+  std::string ControlFile, LocFile;
+  std::string ControlRec;  // the control file's read buffer, trimmed
+
+  // The location table: 100 rows of 15 cells, both counted from 1.
+  std::array<std::array<std::string, 16>, 101> INPData;
+  void cmdLookup_Click();
+  void StoreLocation(std::int16_t row);
+
   void PickTC_Click();
   // Selects a PickTC entry by index (-1 for none) and runs the click.
   void SelectTimeClock(int index);

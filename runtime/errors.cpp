@@ -32,6 +32,12 @@ std::string ErrorDescription(int number) {
       return "Object variable or With block variable not set";
     case kWorkbookError:
       return "Application-defined or object-defined error";
+    case kTableArguments:
+      return "Arguments are of the wrong type, are out of acceptable range, or are in conflict "
+             "with one another.";
+    case kTableNoCurrentRow:
+      return "Either BOF or EOF is True, or the current record has been deleted. Requested "
+             "operation requires a current record.";
     default:
       return "Application-defined or object-defined error";
   }

@@ -22,6 +22,9 @@ enum ErrorNumber : int {
   kPathFileAccess = 75,
   kPathNotFound = 76,
   kWorkbookError = 1004,
+  // The in-memory tables of the settings forms.
+  kTableArguments = 3001,
+  kTableNoCurrentRow = 3021,
 };
 
 // The standard description of an error number ("Type mismatch" for 13).

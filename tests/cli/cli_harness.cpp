@@ -130,6 +130,31 @@ WorkDir::WorkDir() {
   fs::create_directories(settings());
   fs::create_directories(output());
   fs::create_directories(home());
+  WriteBytes(settings() / "Corvane_Control.dat", FactoryControlFile());
+}
+
+std::string FactoryControlFile() {
+  std::vector<std::string> v = {"0",
+                                "Input file (from Time Clock system)",
+                                "Output path (folder for Evolution Import file)",
+                                "123",
+                                "/",
+                                "6"};
+  for (const char* code :
+       {"2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "12", "61", "62", "69"}) {
+    v.push_back("E");
+    v.push_back(code);
+  }
+  for (int k = 15; k <= 42; ++k) {
+    v.push_back("E");
+    v.push_back("");
+  }
+  for (const char* rest : {"1", "0", "1", "0", "0", "0", "0", "0", "0", "1", "6.75", "80"}) {
+    v.push_back(rest);
+  }
+  std::string bytes;
+  for (const std::string& value : v) bytes += value + std::string(60 - value.size(), ' ') + "\r\n";
+  return bytes;
 }
 
 WorkDir::~WorkDir() {

@@ -23,8 +23,13 @@ struct CommandResult {
 CommandResult RunCommand(const std::vector<std::string>& args, const std::filesystem::path& cwd,
                          const std::filesystem::path& home);
 
+// The control file of a screen in its factory state with "ABRA" chosen: what an exit writes
+// after a first start.
+std::string FactoryControlFile();
+
 // A fresh temporary folder per test, removed at the end. Its path holds no "." so that it can
-// never pass for a file name with an extension.
+// never pass for a file name with an extension. Its settings folder holds the factory
+// control file, so that a run starts as on any day after the first.
 class WorkDir {
  public:
   WorkDir();

@@ -53,6 +53,7 @@ class Readers : public ::testing::Test {
   Readers() : F(ui, Environment{tmp / "settings", Date{2026, 11, 22}}) {
     seen = Seen();
     F.Form_Load();
+    ui.messages.clear();  // the first start's notice of a missing control file
   }
   // Prepares a run of a time clock over an input of these bytes.
   ClockEntry Prepare(std::string_view key, const std::string& bytes) {

@@ -159,7 +159,9 @@ TEST(ScreenModel, FactoryStateAtAFirstStart) {
   EXPECT_EQ(F.S[txt15].text, "");
   EXPECT_EQ(F.S[cmboWG3].list_index, 0);
   EXPECT_EQ(F.quote, "\"");
-  EXPECT_TRUE(ui.messages.empty());
+  ASSERT_EQ(ui.messages.size(), 1u);
+  EXPECT_EQ(ui.messages[0].text.substr(0, 55),
+            "Unable to locate a file to store your default settings.");
 }
 
 }  // namespace
