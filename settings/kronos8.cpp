@@ -1,0 +1,231 @@
+#include "settings/kronos8.hpp"
+
+#include <string>
+#include <utility>
+
+#include "runtime/errors.hpp"
+#include "runtime/filesystem.hpp"
+#include "runtime/infile.hpp"
+#include "runtime/text.hpp"
+#include "screen/operator.hpp"
+#include "settings/settings_file.hpp"
+
+namespace corvane {
+
+namespace {
+
+// A list box refuses an index it does not have with "Invalid property value".
+constexpr int kInvalidPropertyValue = 380;
+
+Control MakeControl(std::string_view name, ControlKind kind, std::string caption,
+                    std::string tooltip = {}) {
+  Control c;
+  c.name = name;
+  c.kind = kind;
+  c.caption = std::move(caption);
+  c.tooltip = std::move(tooltip);
+  return c;
+}
+
+constexpr std::array<std::string_view, 6> kListNames = {"List1", "List2", "List3",
+                                                        "List4", "List5", "List6"};
+constexpr std::array<std::string_view, 6> kLabelNames = {"Label1", "Label2", "Label3",
+                                                         "Label4", "Label5", "Label6"};
+
+// One row of the file: ten items, whatever the line structure. A row cut short raises, and
+// the caller keeps only the rows read whole.
+K8Row ReadK8Row(InputFile& in) {
+  K8Row row;
+  Value field;
+  in.Input(row.Company);
+  in.Input(field);
+  row.Emp = BooleanField(field);
+  in.Input(field);
+  row.PayRat = BooleanField(field);
+  in.Input(field);
+  row.Dept = BooleanField(field);
+  for (long& cus : row.Cus) {
+    in.Input(field);
+    cus = ToLong(field);
+  }
+  return row;
+}
+
+}  // namespace
+
+std::string QuotedLine(std::initializer_list<std::string_view> fields) {
+  std::string line;
+  for (std::string_view f : fields) {
+    if (!line.empty()) line += ',';
+    line += '"';
+    line += f;
+    line += '"';
+  }
+  return line;
+}
+
+std::string_view BooleanText(bool b) {
+  return b ? "True" : "False";
+}
+
+bool BooleanField(const Value& field) {
+  if (field.IsBlank()) return false;
+  if (field.IsNumber()) return field.number() != 0;
+  const std::string word = UCase(field.text());
+  if (word == "TRUE") return true;
+  if (word == "FALSE") return false;
+  if (auto n = NumericValue(field.text())) return *n != 0;
+  Raise(kTypeMismatch);
+}
+
+void SwitchOption(Control& button, Control& partner, bool on) {
+  button.value = on ? 1 : 0;
+  if (on) partner.value = 0;
+}
+
+void SelectIndex(Control& list, long index) {
+  if (index < -1 || index >= static_cast<long>(list.items.size())) {
+    Raise(kInvalidPropertyValue, "Invalid property value");
+  }
+  list.list_index = static_cast<int>(index);
+}
+
+std::string K8Line(const K8Row& row) {
+  std::array<std::string, 6> cus;
+  for (std::size_t i = 0; i < cus.size(); ++i) cus[i] = std::to_string(row.Cus[i]);
+  return QuotedLine({row.Company, BooleanText(row.Emp), BooleanText(row.PayRat),
+                     BooleanText(row.Dept), cus[0], cus[1], cus[2], cus[3], cus[4], cus[5]});
+}
+
+frmKv8::frmKv8(Operator& ui, const Screen& main, std::string settings_dir)
+    : caption("Custom Settings for Kronos v8"),
+      lblTitle(MakeControl("lblTitle", kLabel, "Kronos v8 Custom Mapping")),
+      // Frames are labels here: a caption and a help text over their buttons.
+      empnoframe(MakeControl("empnoframe", kLabel, "Employee #",
+                             "Which column (in Kronos) stores your Employee Numbers?")),
+      rdoEmp(MakeControl("rdoEmp", kOptionButton, "Emp #",
+                         "The 1st column stores the employee number.")),
+      rdoBadge(MakeControl("rdoBadge", kOptionButton, "Badge#",
+                           "The 2nd column (badge#) stores our Employee numbers.")),
+      PayRateFrame(MakeControl("PayRateFrame", kLabel, "Override Pay Rate")),
+      rdoPRyes(MakeControl("rdoPRyes", kOptionButton, "Yes",
+                           "Yes to use the Pay Rates in Kronos (not Payroll).")),
+      rdoPRno(MakeControl("rdoPRno", kOptionButton, "No",
+                          "No, use the Pay Rates from Payroll (not Kronos).")),
+      Frame1(MakeControl("Frame1", kLabel, "Department Worked",
+                         "Map Department Worked to Override the Department code in Payroll?")),
+      rdoDeptYes(MakeControl(
+          "rdoDeptYes", kOptionButton, "Yes",
+          "Yes, override the home Department stored in Payroll with Department Worked.")),
+      rdoDeptNo(MakeControl("rdoDeptNo", kOptionButton, "No",
+                            "No, use the home department stored in Payroll.")),
+      Label7(MakeControl("Label7", kLabel, "Custom Fields")),
+      cmdClose(MakeControl("cmdClose", kCommandButton, "Save")),
+      cmdCancel(MakeControl("cmdCancel", kCommandButton, "Cancel")),
+      ui_(ui),
+      main_(main),
+      settings_dir_(std::move(settings_dir)) {
+  rdoEmp.value = rdoPRyes.value = rdoDeptYes.value = 1;
+  for (std::size_t i = 0; i < List.size(); ++i) {
+    const std::string n = std::to_string(i + 1);
+    List[i] = MakeControl(
+        kListNames[i], kListBox, "",
+        "Select the item to be mapped to custom field " + n + ". (Double-Click to unselect)");
+    // The index is what is stored: 0 job, 1 division, 2 branch.
+    List[i].items = {"Job", "Division", "Branch"};
+    Label[i] = MakeControl(kLabelNames[i], kLabel, n + ".");
+  }
+}
+
+void frmKv8::SetOption(Control& button, bool on) {
+  Control* partner = nullptr;
+  if (&button == &rdoEmp) partner = &rdoBadge;
+  if (&button == &rdoBadge) partner = &rdoEmp;
+  if (&button == &rdoPRyes) partner = &rdoPRno;
+  if (&button == &rdoPRno) partner = &rdoPRyes;
+  if (&button == &rdoDeptYes) partner = &rdoDeptNo;
+  if (&button == &rdoDeptNo) partner = &rdoDeptYes;
+  if (partner == nullptr) return;
+  SwitchOption(button, *partner, on);
+}
+
+void frmKv8::Form_Load() {
+  rsK8 = Recordset<K8Row>();
+  InputFile in;
+  try {
+    OpenSettingsFile(in, settings_dir_, SettingsPath(settings_dir_, kK8FileName));
+    while (!in.Eof()) rsK8.AddNew(ReadK8Row(in));
+    Set_rsK8();
+  } catch (const RuntimeError&) {
+    // A damaged row ends the reading: the rows before it stay, and the controls keep
+    // what they show until the next Set_rsK8.
+  }
+  rsK8.MoveFirst();
+  in.Close();
+}
+
+void frmKv8::ShowRow(const K8Row& row) {
+  SetOption(rdoEmp, row.Emp);
+  if (!row.Emp) SetOption(rdoBadge, true);
+  SetOption(rdoPRyes, row.PayRat);
+  if (!row.PayRat) SetOption(rdoPRno, true);
+  SetOption(rdoDeptYes, row.Dept);
+  if (!row.Dept) SetOption(rdoDeptNo, true);
+  for (std::size_t i = 0; i < List.size(); ++i) SelectIndex(List[i], row.Cus[i]);
+}
+
+void frmKv8::Set_rsK8() {
+  const std::string& company = main_[CoNum].text;
+  try {
+    rsK8.ClearFilter();
+    rsK8.Filter(company);
+    if (!rsK8.EOF_()) {
+      ShowRow(rsK8.Current());
+    } else {
+      K8Row row;
+      row.Company = company;
+      rsK8.AddNew(row);
+      ShowRow(row);
+    }
+  } catch (const RuntimeError&) {
+    ui_.MsgBox("Warning - error occurred with gathering Kronos 8 data for " + company,
+               MsgButtons::OKOnly, "Corvane");
+  }
+}
+
+void frmKv8::List_DblClick(int n) {
+  List.at(static_cast<std::size_t>(n - 1)).list_index = -1;
+}
+
+void frmKv8::cmdCancel_Click() {
+  Set_rsK8();
+  Hide();
+}
+
+void frmKv8::cmdClose_Click() {
+  const std::string& company = main_[CoNum].text;
+  rsK8.ClearFilter();
+  rsK8.Filter(company);
+  // CoNum may have changed to a company the form never met while it was open: give that
+  // company its row, so that what the operator entered is saved rather than lost.
+  if (rsK8.EOF_()) {
+    K8Row fresh;
+    fresh.Company = company;
+    rsK8.AddNew(fresh);
+  }
+  K8Row& row = rsK8.Current();
+  row.Emp = rdoEmp.value == 1;
+  row.PayRat = rdoPRyes.value == 1;
+  row.Dept = rdoDeptYes.value == 1;
+  for (std::size_t i = 0; i < List.size(); ++i) row.Cus[i] = List[i].list_index;
+
+  FileSystem fs;
+  auto out = fs.createtextfile(SettingsPath(settings_dir_, kK8FileName), true);
+  // Every company's row is written, not only the one on the form.
+  rsK8.ClearFilter();
+  for (; !rsK8.EOF_(); rsK8.MoveNext()) out->WriteLine(K8Line(rsK8.Current()));
+  out->Close();
+  Hide();
+}
+
+}  // namespace corvane

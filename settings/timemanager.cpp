@@ -1,0 +1,301 @@
+#include "settings/timemanager.hpp"
+
+#include <string>
+#include <utility>
+
+#include "runtime/errors.hpp"
+#include "runtime/filesystem.hpp"
+#include "runtime/infile.hpp"
+#include "runtime/text.hpp"
+#include "runtime/value.hpp"
+#include "screen/operator.hpp"
+#include "settings/kronos8.hpp"
+#include "settings/settings_file.hpp"
+
+namespace corvane {
+
+namespace {
+
+constexpr std::string_view kMessageTitle = "Corvane - Time Manager";
+// No segment string is longer than this.
+constexpr double kMaxTotalLength = 15;
+
+Control MakeControl(std::string_view name, ControlKind kind, std::string caption,
+                    std::string tooltip = {}, std::string text = {}) {
+  Control c;
+  c.name = name;
+  c.kind = kind;
+  c.caption = std::move(caption);
+  c.tooltip = std::move(tooltip);
+  c.text = std::move(text);
+  return c;
+}
+
+Control LengthBox(std::string_view name, std::string_view segment) {
+  return MakeControl(name, kTextBox, "", "Enter length of the " + std::string(segment) + " segment",
+                     "0");
+}
+
+Control IncludeBox(std::string_view name, std::string_view segment) {
+  return MakeControl(name, kTextBox, "",
+                     "Send the " + std::string(segment) + " segment to Evolution? (T or F)", "F");
+}
+
+// A length box's number; one that is not numeric counts as nothing.
+double LengthOf(const Control& box) {
+  return NumericValue(box.text).value_or(0);
+}
+
+// One row of the file: twelve items, whatever the line structure. A row cut short raises,
+// and the caller keeps only the rows read whole.
+TMRow ReadTMRow(InputFile& in) {
+  TMRow row;
+  Value field;
+  in.Input(row.Company);
+  in.Input(field);
+  row.Emp = BooleanField(field);
+  in.Input(field);
+  row.PayRat = BooleanField(field);
+  in.Input(field);
+  row.Dept = BooleanField(field);
+  for (auto [length, include] :
+       {std::pair{&row.DivLen, &row.DivInc}, std::pair{&row.BrLen, &row.BrInc},
+        std::pair{&row.DeptLen, &row.DeptInc}, std::pair{&row.TeamLen, &row.TeamInc}}) {
+    in.Input(field);
+    *length = ToLong(field);
+    in.Input(*include);
+  }
+  return row;
+}
+
+}  // namespace
+
+std::string TMLine(const TMRow& row) {
+  const std::string div = std::to_string(row.DivLen), br = std::to_string(row.BrLen),
+                    dept = std::to_string(row.DeptLen), team = std::to_string(row.TeamLen);
+  return QuotedLine({row.Company, BooleanText(row.Emp), BooleanText(row.PayRat),
+                     BooleanText(row.Dept), div, row.DivInc, br, row.BrInc, dept, row.DeptInc, team,
+                     row.TeamInc});
+}
+
+frmTMdept::frmTMdept(Operator& ui, const Screen& main, std::string settings_dir)
+    : caption("Time Manager Customization"),
+      lblTitle(MakeControl("lblTitle", kLabel, "Customize Time Manager")),
+      // Frames are labels here: a caption and a help text over their buttons, which show
+      // only when their frame does.
+      empnoframe(MakeControl("empnoframe", kLabel, "Employee #",
+                             "Which column (in Kronos) stores your Employee Numbers?")),
+      rdoEmp(MakeControl("rdoEmp", kOptionButton, "Emp #",
+                         "The 1st column stores the employee number.")),
+      rdoBadge(MakeControl("rdoBadge", kOptionButton, "Badge#",
+                           "The 3rd column (badge#) stores our Employee numbers.")),
+      PayRateFrame(MakeControl("PayRateFrame", kLabel, "Override Pay Rate")),
+      rdoPRyes(MakeControl("rdoPRyes", kOptionButton, "Yes",
+                           "Yes to use the Pay Rates in Time Manager (not Payroll).")),
+      rdoPRno(MakeControl("rdoPRno", kOptionButton, "No",
+                          "No, use the Pay Rates from Payroll (not Time Manager).")),
+      DeptFrame(MakeControl("DeptFrame", kLabel, "Department Worked",
+                            "Map Department Worked to Override the Department code in Payroll?")),
+      rdoDeptYes(MakeControl(
+          "rdoDeptYes", kOptionButton, "Yes",
+          "Yes, override the home Department stored in Payroll with Department Worked.")),
+      rdoDeptNo(MakeControl("rdoDeptNo", kOptionButton, "No", "No, use the home department.")),
+      Label7(MakeControl("Label7", kLabel, "Department Break-out")),
+      lblLen(MakeControl("lblLen", kLabel, "Segment Length")),
+      lblInc(MakeControl("lblInc", kLabel, "Include Segment? (T/F)")),
+      lblDiv(MakeControl("lblDiv", kLabel, "Division")),
+      DivLen(LengthBox("DivLen", "Division")),
+      DivInc(IncludeBox("DivInc", "Division")),
+      lblBr(MakeControl("lblBr", kLabel, "Branch")),
+      BrLen(LengthBox("BrLen", "Branch")),
+      BrInc(IncludeBox("BrInc", "Branch")),
+      lblDept(MakeControl("lblDept", kLabel, "Department")),
+      DeptLen(LengthBox("DeptLen", "Department")),
+      DeptInc(IncludeBox("DeptInc", "Department")),
+      lblTeam(MakeControl("lblTeam", kLabel, "Team")),
+      TeamLen(LengthBox("TeamLen", "Team")),
+      TeamInc(IncludeBox("TeamInc", "Team")),
+      cmdClose(MakeControl("cmdClose", kCommandButton, "Save")),
+      cmdCancel(MakeControl("cmdCancel", kCommandButton, "Cancel")),
+      ui_(ui),
+      main_(main),
+      settings_dir_(std::move(settings_dir)) {
+  rdoEmp.value = rdoPRyes.value = rdoDeptYes.value = 1;
+}
+
+std::array<frmTMdept::Segment, 4> frmTMdept::Segments() {
+  return {{{&DivLen, &DivInc, "Division"},
+           {&BrLen, &BrInc, "Branch"},
+           {&DeptLen, &DeptInc, "Department"},
+           {&TeamLen, &TeamInc, "Team"}}};
+}
+
+void frmTMdept::SetOption(Control& button, bool on) {
+  Control* partner = nullptr;
+  if (&button == &rdoEmp) partner = &rdoBadge;
+  if (&button == &rdoBadge) partner = &rdoEmp;
+  if (&button == &rdoPRyes) partner = &rdoPRno;
+  if (&button == &rdoPRno) partner = &rdoPRyes;
+  if (&button == &rdoDeptYes) partner = &rdoDeptNo;
+  if (&button == &rdoDeptNo) partner = &rdoDeptYes;
+  if (partner == nullptr) return;
+  SwitchOption(button, *partner, on);
+}
+
+void frmTMdept::SetText(Control& box, std::string text) {
+  // A box whose text does not change raises no change event; this is also what stops a
+  // handler that clears its own box from running again and again.
+  if (box.text == text) return;
+  box.text = std::move(text);
+  const auto segments = Segments();
+  for (std::size_t i = 0; i < segments.size(); ++i) {
+    if (&box == segments[i].length) Len_Change(static_cast<int>(i));
+    if (&box == segments[i].include) Inc_Change(static_cast<int>(i));
+  }
+}
+
+void frmTMdept::Len_Change(int segment) {
+  const auto segments = Segments();
+  const Segment& s = segments[static_cast<std::size_t>(segment)];
+  if (!IsNumeric(s.length->text)) {
+    ui_.MsgBox("Length of " + std::string(s.name) + " segment must be a number", MsgButtons::OKOnly,
+               kMessageTitle);
+    SetText(*s.length, "0");
+  }
+  double total = 0;
+  for (const Segment& each : segments) total += LengthOf(*each.length);
+  if (total > kMaxTotalLength) {
+    // The box being edited gives way, even when another holds the larger length.
+    ui_.MsgBox("Total of all segments can not be greater than 15.", MsgButtons::OKOnly,
+               kMessageTitle);
+    SetText(*s.length, "0");
+  }
+  // A segment with a length is sent unless the operator then says otherwise.
+  SetText(*s.include, LengthOf(*s.length) == 0 ? "F" : "T");
+}
+
+void frmTMdept::Inc_Change(int segment) {
+  Control& include = *Segments()[static_cast<std::size_t>(segment)].include;
+  SetText(include, UCase(include.text));
+  if (include.text != "T" && include.text != "F") SetText(include, "F");
+}
+
+void frmTMdept::ReadSettings() {
+  rsTM = Recordset<TMRow>();
+  InputFile in;
+  try {
+    OpenSettingsFile(in, settings_dir_, SettingsPath(settings_dir_, kTMFileName));
+    while (!in.Eof()) rsTM.AddNew(ReadTMRow(in));
+    Set_rsTM();
+  } catch (const RuntimeError&) {
+    // A damaged row ends the reading: the rows before it stay, and the controls keep
+    // what they show until the next Set_rsTM.
+  }
+  rsTM.MoveFirst();
+  in.Close();
+}
+
+void frmTMdept::ShowRow(const TMRow& row) {
+  SetOption(rdoEmp, row.Emp);
+  if (!row.Emp) SetOption(rdoBadge, true);
+  SetOption(rdoPRyes, row.PayRat);
+  if (!row.PayRat) SetOption(rdoPRno, true);
+  SetOption(rdoDeptYes, row.Dept);
+  if (!row.Dept) SetOption(rdoDeptNo, true);
+  // The stored values are shown as saved: the boxes' validation is for the operator's
+  // edits, and checking a company's lengths against the boxes of the company shown before
+  // would clear lengths that were valid when saved.
+  DivLen.text = std::to_string(row.DivLen);
+  DivInc.text = row.DivInc;
+  BrLen.text = std::to_string(row.BrLen);
+  BrInc.text = row.BrInc;
+  DeptLen.text = std::to_string(row.DeptLen);
+  DeptInc.text = row.DeptInc;
+  TeamLen.text = std::to_string(row.TeamLen);
+  TeamInc.text = row.TeamInc;
+}
+
+void frmTMdept::Set_rsTM() {
+  const std::string& company = main_[CoNum].text;
+  try {
+    rsTM.ClearFilter();
+    rsTM.Filter(company);
+    if (!rsTM.EOF_()) {
+      ShowRow(rsTM.Current());
+    } else {
+      TMRow row;
+      row.Company = company;
+      rsTM.AddNew(row);
+      ShowRow(row);
+    }
+  } catch (const RuntimeError&) {
+    ui_.MsgBox("Warning - error occurred with gathering Time Manager data for " + company,
+               MsgButtons::OKOnly, "Corvane");
+  }
+}
+
+void frmTMdept::cmdTM_Click() {
+  if (main_[cmdTM].caption == "Department Breakout") {
+    caption = "Kronos/ADP Customization";
+    empnoframe.visible = PayRateFrame.visible = DeptFrame.visible = false;
+    // "Kronos v6 csv" breaks out only Branch and Department. The hidden boxes keep their
+    // values, and Save writes them back as they are.
+    if (main_[PickTC].SelectedText() == "Kronos v6 csv") {
+      for (Control* c : {&lblDiv, &DivLen, &DivInc, &lblTeam, &TeamLen, &TeamInc}) {
+        c->visible = false;
+      }
+    }
+  } else {
+    caption = "Time Manager Customization";
+    for (Control* c : {&empnoframe, &PayRateFrame, &DeptFrame, &lblDiv, &DivLen, &DivInc, &lblTeam,
+                       &TeamLen, &TeamInc}) {
+      c->visible = true;
+    }
+  }
+  Show();
+}
+
+void frmTMdept::cmdCancel_Click() {
+  Set_rsTM();
+  Hide();
+}
+
+void frmTMdept::cmdClose_Click() {
+  const std::string& company = main_[CoNum].text;
+  rsTM.ClearFilter();
+  rsTM.Filter(company);
+  // No row shows when the start did not read the settings file, or when CoNum changed to
+  // a company the form never met while it was open: give that company its row, so that
+  // what the operator entered is saved rather than lost.
+  if (rsTM.EOF_()) {
+    TMRow fresh;
+    fresh.Company = company;
+    rsTM.AddNew(fresh);
+  }
+  // The lengths are read before the row changes, so a box that is no number leaves the
+  // row as it was.
+  TMRow entered;
+  entered.Company = company;
+  entered.Emp = rdoEmp.value == 1;
+  entered.PayRat = rdoPRyes.value == 1;
+  entered.Dept = rdoDeptYes.value == 1;
+  entered.DivLen = ToLong(Value(DivLen.text));
+  entered.DivInc = DivInc.text;
+  entered.BrLen = ToLong(Value(BrLen.text));
+  entered.BrInc = BrInc.text;
+  entered.DeptLen = ToLong(Value(DeptLen.text));
+  entered.DeptInc = DeptInc.text;
+  entered.TeamLen = ToLong(Value(TeamLen.text));
+  entered.TeamInc = TeamInc.text;
+  rsTM.Current() = std::move(entered);
+
+  FileSystem fs;
+  auto out = fs.createtextfile(SettingsPath(settings_dir_, kTMFileName), true);
+  // Every company's row is written, not only the one on the form.
+  rsTM.ClearFilter();
+  for (; !rsTM.EOF_(); rsTM.MoveNext()) out->WriteLine(TMLine(rsTM.Current()));
+  out->Close();
+  Hide();
+}
+
+}  // namespace corvane
