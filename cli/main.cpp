@@ -7,8 +7,10 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <nlohmann/json.hpp>
 
 #include "cli/headless_operator.hpp"
+#include "cli/settings_commands.hpp"
 #include "pipeline/dispatch.hpp"
 #include "pipeline/time_import.hpp"
 #include "pipeline/translator.hpp"
@@ -37,6 +39,41 @@ int Formats(bool missing) {
   for (std::string_view name : CatalogueNames()) {
     if (!missing || !Written(name)) std::cout << name << '\n';
   }
+  return 0;
+}
+
+// Each entry's configuration: what choosing it sets on the screen.
+int FormatsJson(bool missing) {
+  nlohmann::ordered_json all = nlohmann::ordered_json::array();
+  for (const ClockConfig& clock : Catalogue()) {
+    if (missing && Written(clock.name)) continue;
+    nlohmann::ordered_json j;
+    j["name"] = Latin1ToUtf8(clock.name);
+    j["index"] = CatalogueIndex(clock.name);
+    j["listed"] = clock.listed;
+    j["translator"] = Written(clock.name);
+    j["pattern"] = clock.pattern;
+    j["boxes"] = nlohmann::ordered_json::array();
+    for (const ClockBox& box : clock.boxes) {
+      std::string_view name = box.kind == ClockBox::kMinWage    ? "MinWage"
+                              : box.kind == ClockBox::kMiscText ? "MiscText"
+                                                                : Boxes(box.category).group;
+      j["boxes"].push_back({{"box", name}, {"label", Latin1ToUtf8(box.label)}});
+    }
+    j["grid"] = clock.grid;
+    j["location"] = clock.location;
+    j["end_date"] = clock.end_date;
+    j["shows"] = nlohmann::ordered_json::array();
+    for (const ClockShow& show : clock.shows) {
+      nlohmann::ordered_json s{{"control", show.control}};
+      if (show.text) s["text"] = Latin1ToUtf8(*show.text);
+      j["shows"].push_back(std::move(s));
+    }
+    j["samples"] = nlohmann::ordered_json::array();
+    for (std::string_view row : clock.samples) j["samples"].push_back(Latin1ToUtf8(row));
+    all.push_back(std::move(j));
+  }
+  std::cout << all.dump(2) << '\n';
   return 0;
 }
 
@@ -128,11 +165,11 @@ void Press(frmTimeImport& F, const std::string& name) {
   if (name == "cmdShowSample") return F.S.cmdShowSample_Click();
   if (name == "cmdHideSample") return F.S.cmdHideSample_Click();
   if (name == "cmdInterface") return F.cmdInterface_Click();
-  Control* c = F.S.Find(name);
-  if (c == nullptr || c->kind != kCommandButton) {
-    throw UsageError("the main screen has no button named \"" + name + "\"");
-  }
-  throw UsageError("the button \"" + name + "\" is not available yet");
+  if (name == "cmdLookup") return F.cmdLookup_Click();
+  if (name == "cmdAssEcodes") return F.cmdAssEcodes_Click();
+  if (name == "cmdKv8") return F.cmdKv8_Click();
+  if (name == "cmdTM") return F.cmdTM_Click();
+  throw UsageError("the main screen has no button named \"" + name + "\"");
 }
 
 struct ScreenEntry {
@@ -169,6 +206,7 @@ struct RunOptions {
   std::vector<std::string> answers;
   bool accept_defaults = false;
   std::string transcript;
+  bool save_screen = false;
 };
 
 int Run(const RunOptions& o, const std::vector<ScreenEntry>& entries) {
@@ -213,7 +251,9 @@ int Run(const RunOptions& o, const std::vector<ScreenEntry>& entries) {
     }
     for (const std::string& name : o.press) Press(F, name);
     F.cmdInterface_Click();
-    return F.Reported() ? 0 : 1;
+    const int status = F.Reported() ? 0 : 1;
+    if (o.save_screen) F.Exit();
+    return status;
   } catch (const RuntimeError& error) {
     // The program ends at once, without storing the screen.
     ui.RuntimeErrorReport(error);
@@ -253,10 +293,18 @@ int Main(int argc, char** argv) {
       ->allow_extra_args(false);
   run->add_flag("--accept-defaults", o.accept_defaults, "Unanswered questions take their default");
   run->add_option("--transcript", o.transcript, "Write every message and answer as JSON lines");
+  run->add_flag("--save-screen", o.save_screen,
+                "After the run, leave as Exit does: the control file and the location table "
+                "are written");
 
   bool missing = false;
   CLI::App* formats = app.add_subcommand("formats", "List the time clocks in list order");
   formats->add_flag("--missing", missing, "Only those whose translator is not written yet");
+  bool json = false;
+  formats->add_flag("--json", json, "Each entry's configuration of the screen, as JSON");
+
+  SettingsCommands settings;
+  settings.AddTo(app, DefaultSettingsDir());
 
   try {
     app.parse(argc, argv);
@@ -266,7 +314,8 @@ int Main(int argc, char** argv) {
     app.exit(e);
     return 2;
   }
-  if (formats->parsed()) return Formats(missing);
+  if (formats->parsed()) return json ? FormatsJson(missing) : Formats(missing);
+  if (int status = 0; settings.Run(status)) return status;
   return Run(o, OrderedScreenEntries(argc, argv));
 }
 

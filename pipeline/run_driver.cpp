@@ -32,6 +32,10 @@ void frmTimeImport::Corvane() {
       INFile == "Input file (from Time Clock system)") {
     return;
   }
+  // The earning codes are read fresh for each run: a row just saved counts at once.
+  rsECodes = std::make_unique<ECodeData>(env.settings_dir, S, ui);
+  rsECodes->rsECodes.ClearFilter();
+  rsECodes->rsECodes.Filter(S[CoNum].text);
   RecCount = 0;
   TCcount = 0;
   ui.Hourglass(true);
@@ -203,6 +207,7 @@ void frmTimeImport::CloseFiles() {
   if (output_missing_ || !OutputStream || !AuditStream) {
     File(1).Close();
     File(9).Close();
+    rsECodes.reset();
     ClearData();
     return;
   }
@@ -210,6 +215,7 @@ void frmTimeImport::CloseFiles() {
   AuditStream->Close();
   File(1).Close();
   File(9).Close();
+  rsECodes.reset();
 
   const std::string hours_text =
       ChosenTC == "HomePro" ? PrintNumber(HoursConverted) + " hours converted." : "";

@@ -17,6 +17,10 @@
 #include "runtime/workbook.hpp"
 #include "screen/operator.hpp"
 #include "screen/screen.hpp"
+#include "settings/ecode_data.hpp"
+#include "settings/ecode_grid.hpp"
+#include "settings/kronos8.hpp"
+#include "settings/timemanager.hpp"
 
 namespace corvane {
 
@@ -45,6 +49,14 @@ class frmTimeImport {
   Environment env;
   Screen S;
   std::string Caption{kFormCaption};
+
+  // The side forms: the earning-code grid and the two customisations. They read the main
+  // screen's CoNum and PickTC.
+  frmECode ECode;
+  frmKv8 Kv8;
+  frmTMdept TMdept;
+  // The earning-code table of the current run, and that of the grid.
+  std::unique_ptr<ECodeData> rsECodes, rsUsedECodes;
 
   // The import record.
   ImportRecord ImportRec;
@@ -96,6 +108,11 @@ class frmTimeImport {
   std::array<std::array<std::string, 16>, 101> INPData;
   void cmdLookup_Click();
   void StoreLocation(std::int16_t row);
+
+  // The buttons of the side forms.
+  void cmdAssEcodes_Click();
+  void cmdKv8_Click();
+  void cmdTM_Click();
 
   void PickTC_Click();
   // Selects a PickTC entry by index (-1 for none) and runs the click.
@@ -161,6 +178,8 @@ class frmTimeImport {
   std::array<InputFile, 10> files_;
   bool reported_ = false;
   bool output_missing_ = false;
+  bool kv8_loaded_ = false;
+  bool tm_read_ = false;
   std::string line_;  // the writers' line buffer
 };
 
