@@ -323,3 +323,99 @@ TEST_F(Locations, AStartWithoutAControlFileNeverReadsTheTable) {
 
 }  // namespace
 }  // namespace corvane
+
+namespace corvane {
+namespace {
+
+class SideForms : public ControlFile {};
+
+TEST_F(SideForms, AStartFromTheControlFileShowsTheCompanysCustomisations) {
+  WriteControl(Lines(FactoryAccessLines("in", "out", "/")));  // CoNum 456
+  tmp.Write(
+      "settings/TimeImport_TMsettings.dat",
+      "\"456\",\"True\",\"True\",\"False\",\"2\",\"T\",\"3\",\"T\",\"4\",\"F\",\"0\",\"F\"\r\n");
+  tmp.Write("settings/TimeImport_K8settings.dat",
+            "\"456\",\"False\",\"True\",\"True\",\"1\",\"-1\",\"-1\",\"-1\",\"-1\",\"-1\"\r\n");
+  frmTimeImport& f = Start();
+  EXPECT_EQ(f.TMdept.DivLen.text, "2");
+  EXPECT_EQ(f.TMdept.DeptInc.text, "F");
+  EXPECT_EQ(f.TMdept.rdoDeptNo.value, 1);
+  EXPECT_EQ(f.Kv8.rdoBadge.value, 1);
+  EXPECT_EQ(f.Kv8.List[0].list_index, 1);
+  EXPECT_FALSE(f.TMdept.visible);
+  EXPECT_FALSE(f.Kv8.visible);
+}
+
+TEST_F(SideForms, AFirstStartReadsKronosButNotTimeManager) {
+  // The factory state's company is 123.
+  tmp.Write(
+      "settings/TimeImport_TMsettings.dat",
+      "\"123\",\"True\",\"True\",\"True\",\"2\",\"T\",\"3\",\"T\",\"4\",\"T\",\"0\",\"F\"\r\n");
+  tmp.Write("settings/TimeImport_K8settings.dat",
+            "\"123\",\"False\",\"True\",\"True\",\"1\",\"-1\",\"-1\",\"-1\",\"-1\",\"-1\"\r\n");
+  frmTimeImport& f = Start();
+  ASSERT_EQ(ui->messages.size(), 1u);  // the missing control file
+  EXPECT_EQ(f.Kv8.rdoBadge.value, 1);
+  EXPECT_EQ(f.TMdept.DivLen.text, "0");
+  EXPECT_EQ(f.TMdept.rsTM.rows().size(), 0u);
+}
+
+TEST_F(SideForms, TheButtonsOpenTheFormsForTheCompanyNowTyped) {
+  WriteControl(Lines(FactoryAccessLines("in", "out", "/")));
+  tmp.Write("settings/TimeImport_K8settings.dat",
+            "\"77\",\"True\",\"False\",\"True\",\"-1\",\"-1\",\"-1\",\"-1\",\"-1\",\"2\"\r\n");
+  frmTimeImport& f = Start();
+  f.S[CoNum].text = "77";
+  f.cmdKv8_Click();
+  EXPECT_TRUE(f.Kv8.visible);
+  EXPECT_EQ(f.Kv8.rdoPRno.value, 1);
+  EXPECT_EQ(f.Kv8.List[5].list_index, 2);
+
+  f.SelectTimeClock(CatalogueIndex("Kronos v6 csv"));
+  EXPECT_EQ(f.TMdept.lblTitle.caption, "Customize Kronos/ADP");
+  f.cmdTM_Click();
+  EXPECT_EQ(f.TMdept.caption, "Kronos/ADP Customization");
+  EXPECT_FALSE(f.TMdept.DivLen.visible);
+  f.SelectTimeClock(CatalogueIndex("Aloha v6"));
+  EXPECT_EQ(f.TMdept.lblTitle.caption, "Customize Aloha");
+  f.SelectTimeClock(CatalogueIndex("Time Manager v2.8"));
+  f.cmdTM_Click();
+  EXPECT_EQ(f.TMdept.caption, "Time Manager Customization");
+  EXPECT_TRUE(f.TMdept.DivLen.visible);
+
+  f.cmdAssEcodes_Click();
+  EXPECT_TRUE(f.ECode.visible);
+  ASSERT_EQ(f.ECode.ECodeGrid.RowCount(), 1u);  // the starter row of company 77
+  EXPECT_EQ(f.ECode.ECodeGrid.Row(0).Package, "Time Manager v2.8");
+  f.Exit();
+  EXPECT_FALSE(f.ECode.visible);
+  EXPECT_FALSE(f.Kv8.visible);
+  // Exit saves no customisation: the starter row never reached the file.
+  EXPECT_EQ(TempFolder::Read(tmp / "settings/TimeImport_EarnCodes.dat"), "");
+}
+
+TEST_F(SideForms, EachRunReadsTheCompanysCodesAfresh) {
+  WriteControl(Lines(FactoryAccessLines("in", "out", "/")));
+  frmTimeImport& f = Start();
+  tmp.Write("settings/TimeImport_EarnCodes.dat",
+            "\"456\",\"Kronos v6\",\"4\",\"e\",\"12\",\"$\",2,\"N\"\r\n"
+            "\"999\",\"Kronos v6\",\"4\",\"D\",\"99\",\"H\",1,\"N\"\r\n");
+  // A run stopped by a check after the table was made: Squirrel without a location.
+  f.SelectTimeClock(CatalogueIndex("Squirrel v3.2"));
+  f.S[CorvaneInputFile].text = tmp / "in.ccc";
+  f.S[CorvaneOutputPath].text = tmp.path().string();
+  f.S[pdEndDate].text = "11/20/2026";
+  f.Corvane();
+  ASSERT_NE(f.rsECodes, nullptr);
+  std::string DolHrs;
+  std::int16_t eShift = 0;
+  std::string eSkip;
+  ASSERT_TRUE(SetEcodes(f.rsECodes->rsECodes, 4, DolHrs, eShift, eSkip, f.ImportRec));
+  EXPECT_EQ(f.ImportRec.Earning_Code, Value("12"));
+  EXPECT_EQ(f.ImportRec.DorE, Value("E"));
+  EXPECT_EQ(DolHrs, "$");
+  EXPECT_EQ(eShift, 2);
+}
+
+}  // namespace
+}  // namespace corvane
