@@ -72,9 +72,26 @@ std::string_view YesNo(bool b) {
   return b ? "yes" : "no";
 }
 
-// The first and second of a pair of option buttons, by the word typed.
-bool FirstOfPair(const std::string& word, std::string_view first) {
-  return word == first;
+// The three choices both customisation forms share, as the operator clicks them; a choice
+// not given is left as it is.
+template <class Form>
+void TypeChoices(Form& form, const std::string& employee_number, const std::string& pay_rate,
+                 const std::string& department) {
+  if (!employee_number.empty()) {
+    form.SetOption(employee_number == "emp" ? form.rdoEmp : form.rdoBadge, true);
+  }
+  if (!pay_rate.empty()) form.SetOption(pay_rate == "yes" ? form.rdoPRyes : form.rdoPRno, true);
+  if (!department.empty()) {
+    form.SetOption(department == "yes" ? form.rdoDeptYes : form.rdoDeptNo, true);
+  }
+}
+
+template <class Form>
+void PrintChoices(const Form& form, const std::string& company) {
+  std::cout << "company=" << company << "\n"
+            << "employee-number=" << (form.rdoEmp.value == 1 ? "emp" : "badge") << "\n"
+            << "pay-rate=" << YesNo(form.rdoPRyes.value == 1) << "\n"
+            << "department=" << YesNo(form.rdoDeptYes.value == 1) << "\n";
 }
 
 }  // namespace
@@ -250,15 +267,7 @@ int SettingsCommands::Kronos8(bool set) {
   form.Form_Load();
   if (s.ui.messages > 0) return set ? Refused("the company's settings could not be gathered") : 1;
   if (set) {
-    if (!employee_number_.empty()) {
-      form.SetOption(FirstOfPair(employee_number_, "emp") ? form.rdoEmp : form.rdoBadge, true);
-    }
-    if (!pay_rate_.empty()) {
-      form.SetOption(FirstOfPair(pay_rate_, "yes") ? form.rdoPRyes : form.rdoPRno, true);
-    }
-    if (!department_.empty()) {
-      form.SetOption(FirstOfPair(department_, "yes") ? form.rdoDeptYes : form.rdoDeptNo, true);
-    }
+    TypeChoices(form, employee_number_, pay_rate_, department_);
     for (int n = 0; n < 6; ++n) {
       if (custom_[n].empty()) continue;
       if (custom_[n] == "none")
@@ -269,10 +278,7 @@ int SettingsCommands::Kronos8(bool set) {
     form.cmdClose_Click();
     return 0;
   }
-  std::cout << "company=" << company_ << "\n"
-            << "employee-number=" << (form.rdoEmp.value == 1 ? "emp" : "badge") << "\n"
-            << "pay-rate=" << YesNo(form.rdoPRyes.value == 1) << "\n"
-            << "department=" << YesNo(form.rdoDeptYes.value == 1) << "\n";
+  PrintChoices(form, company_);
   for (int n = 0; n < 6; ++n) {
     std::cout << "custom" << n + 1 << "=" << CustomWord(form.List[n].list_index) << "\n";
   }
@@ -288,15 +294,7 @@ int SettingsCommands::TimeManager(bool set) {
   Control* includes[] = {&form.DivInc, &form.BrInc, &form.DeptInc, &form.TeamInc};
   static constexpr const char* kNames[] = {"div", "br", "dept", "team"};
   if (set) {
-    if (!employee_number_.empty()) {
-      form.SetOption(FirstOfPair(employee_number_, "emp") ? form.rdoEmp : form.rdoBadge, true);
-    }
-    if (!pay_rate_.empty()) {
-      form.SetOption(FirstOfPair(pay_rate_, "yes") ? form.rdoPRyes : form.rdoPRno, true);
-    }
-    if (!department_.empty()) {
-      form.SetOption(FirstOfPair(department_, "yes") ? form.rdoDeptYes : form.rdoDeptNo, true);
-    }
+    TypeChoices(form, employee_number_, pay_rate_, department_);
     // Each segment as an operator types it: the length, which sets the flag, then the flag.
     for (int seg = 0; seg < 4; ++seg) {
       if (!length_[seg].empty()) form.SetText(*lengths[seg], length_[seg]);
@@ -306,10 +304,7 @@ int SettingsCommands::TimeManager(bool set) {
     form.cmdClose_Click();
     return 0;
   }
-  std::cout << "company=" << company_ << "\n"
-            << "employee-number=" << (form.rdoEmp.value == 1 ? "emp" : "badge") << "\n"
-            << "pay-rate=" << YesNo(form.rdoPRyes.value == 1) << "\n"
-            << "department=" << YesNo(form.rdoDeptYes.value == 1) << "\n";
+  PrintChoices(form, company_);
   for (int seg = 0; seg < 4; ++seg) {
     std::cout << kNames[seg] << "-len=" << lengths[seg]->text << "\n"
               << kNames[seg] << "-inc=" << includes[seg]->text << "\n";

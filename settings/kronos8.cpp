@@ -8,6 +8,7 @@
 #include "runtime/infile.hpp"
 #include "runtime/text.hpp"
 #include "screen/operator.hpp"
+#include "settings/company_table.hpp"
 #include "settings/settings_file.hpp"
 
 namespace corvane {
@@ -150,18 +151,7 @@ void frmKv8::SetOption(Control& button, bool on) {
 }
 
 void frmKv8::Form_Load() {
-  rsK8 = Recordset<K8Row>();
-  InputFile in;
-  try {
-    OpenSettingsFile(in, settings_dir_, SettingsPath(settings_dir_, kK8FileName));
-    while (!in.Eof()) rsK8.AddNew(ReadK8Row(in));
-    Set_rsK8();
-  } catch (const RuntimeError&) {
-    // A damaged row ends the reading: the rows before it stay, and the controls keep
-    // what they show until the next Set_rsK8.
-  }
-  rsK8.MoveFirst();
-  in.Close();
+  LoadCompanyTable(rsK8, settings_dir_, kK8FileName, ReadK8Row, [this] { Set_rsK8(); });
 }
 
 void frmKv8::ShowRow(const K8Row& row) {
@@ -177,16 +167,8 @@ void frmKv8::ShowRow(const K8Row& row) {
 void frmKv8::Set_rsK8() {
   const std::string& company = main_[CoNum].text;
   try {
-    rsK8.ClearFilter();
-    rsK8.Filter(company);
-    if (!rsK8.EOF_()) {
-      ShowRow(rsK8.Current());
-    } else {
-      K8Row row;
-      row.Company = company;
-      rsK8.AddNew(row);
-      ShowRow(row);
-    }
+    // A company met for the first time gets its row with the defaults.
+    ShowRow(CompanyRow(rsK8, company));
   } catch (const RuntimeError&) {
     ui_.MsgBox("Warning - error occurred with gathering Kronos 8 data for " + company,
                MsgButtons::OKOnly, "Corvane");
@@ -203,28 +185,14 @@ void frmKv8::cmdCancel_Click() {
 }
 
 void frmKv8::cmdClose_Click() {
-  const std::string& company = main_[CoNum].text;
-  rsK8.ClearFilter();
-  rsK8.Filter(company);
-  // CoNum may have changed to a company the form never met while it was open: give that
-  // company its row, so that what the operator entered is saved rather than lost.
-  if (rsK8.EOF_()) {
-    K8Row fresh;
-    fresh.Company = company;
-    rsK8.AddNew(fresh);
-  }
-  K8Row& row = rsK8.Current();
+  // CoNum may have changed to a company the form never met while it was open: that company
+  // gets its row, so that what the operator entered is saved rather than lost.
+  K8Row& row = CompanyRow(rsK8, main_[CoNum].text);
   row.Emp = rdoEmp.value == 1;
   row.PayRat = rdoPRyes.value == 1;
   row.Dept = rdoDeptYes.value == 1;
   for (std::size_t i = 0; i < List.size(); ++i) row.Cus[i] = List[i].list_index;
-
-  FileSystem fs;
-  auto out = fs.createtextfile(SettingsPath(settings_dir_, kK8FileName), true);
-  // Every company's row is written, not only the one on the form.
-  rsK8.ClearFilter();
-  for (; !rsK8.EOF_(); rsK8.MoveNext()) out->WriteLine(K8Line(rsK8.Current()));
-  out->Close();
+  SaveCompanyTable(rsK8, settings_dir_, kK8FileName, K8Line);
   Hide();
 }
 

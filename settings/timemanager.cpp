@@ -9,6 +9,7 @@
 #include "runtime/text.hpp"
 #include "runtime/value.hpp"
 #include "screen/operator.hpp"
+#include "settings/company_table.hpp"
 #include "settings/kronos8.hpp"
 #include "settings/settings_file.hpp"
 
@@ -181,18 +182,7 @@ void frmTMdept::Inc_Change(int segment) {
 }
 
 void frmTMdept::ReadSettings() {
-  rsTM = Recordset<TMRow>();
-  InputFile in;
-  try {
-    OpenSettingsFile(in, settings_dir_, SettingsPath(settings_dir_, kTMFileName));
-    while (!in.Eof()) rsTM.AddNew(ReadTMRow(in));
-    Set_rsTM();
-  } catch (const RuntimeError&) {
-    // A damaged row ends the reading: the rows before it stay, and the controls keep
-    // what they show until the next Set_rsTM.
-  }
-  rsTM.MoveFirst();
-  in.Close();
+  LoadCompanyTable(rsTM, settings_dir_, kTMFileName, ReadTMRow, [this] { Set_rsTM(); });
 }
 
 void frmTMdept::ShowRow(const TMRow& row) {
@@ -218,16 +208,8 @@ void frmTMdept::ShowRow(const TMRow& row) {
 void frmTMdept::Set_rsTM() {
   const std::string& company = main_[CoNum].text;
   try {
-    rsTM.ClearFilter();
-    rsTM.Filter(company);
-    if (!rsTM.EOF_()) {
-      ShowRow(rsTM.Current());
-    } else {
-      TMRow row;
-      row.Company = company;
-      rsTM.AddNew(row);
-      ShowRow(row);
-    }
+    // A company met for the first time gets its row with the defaults.
+    ShowRow(CompanyRow(rsTM, company));
   } catch (const RuntimeError&) {
     ui_.MsgBox("Warning - error occurred with gathering Time Manager data for " + company,
                MsgButtons::OKOnly, "Corvane");
@@ -261,21 +243,14 @@ void frmTMdept::cmdCancel_Click() {
 }
 
 void frmTMdept::cmdClose_Click() {
-  const std::string& company = main_[CoNum].text;
-  rsTM.ClearFilter();
-  rsTM.Filter(company);
   // No row shows when the start did not read the settings file, or when CoNum changed to
-  // a company the form never met while it was open: give that company its row, so that
+  // a company the form never met while it was open: that company gets its row, so that
   // what the operator entered is saved rather than lost.
-  if (rsTM.EOF_()) {
-    TMRow fresh;
-    fresh.Company = company;
-    rsTM.AddNew(fresh);
-  }
+  TMRow& row = CompanyRow(rsTM, main_[CoNum].text);
   // The lengths are read before the row changes, so a box that is no number leaves the
   // row as it was.
   TMRow entered;
-  entered.Company = company;
+  entered.Company = row.Company;
   entered.Emp = rdoEmp.value == 1;
   entered.PayRat = rdoPRyes.value == 1;
   entered.Dept = rdoDeptYes.value == 1;
@@ -287,14 +262,8 @@ void frmTMdept::cmdClose_Click() {
   entered.DeptInc = DeptInc.text;
   entered.TeamLen = ToLong(Value(TeamLen.text));
   entered.TeamInc = TeamInc.text;
-  rsTM.Current() = std::move(entered);
-
-  FileSystem fs;
-  auto out = fs.createtextfile(SettingsPath(settings_dir_, kTMFileName), true);
-  // Every company's row is written, not only the one on the form.
-  rsTM.ClearFilter();
-  for (; !rsTM.EOF_(); rsTM.MoveNext()) out->WriteLine(TMLine(rsTM.Current()));
-  out->Close();
+  row = std::move(entered);
+  SaveCompanyTable(rsTM, settings_dir_, kTMFileName, TMLine);
   Hide();
 }
 
