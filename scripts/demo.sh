@@ -13,7 +13,7 @@ mkdir -p out/demo
 today=$(date +%Y-%m-%d)
 build/corvane run --settings-dir out/demo/settings --today "$today" --format "Access" \
   --company 123 --end-date "$(date +%m/%d/%Y)" --input examples/access.csv --output out/demo \
-  --transcript out/demo/run.jsonl
+  --transcript out/demo/run.jsonl --save-screen
 echo
 echo "== out/demo/123_ta.txt"
 cat out/demo/123_ta.txt
