@@ -51,45 +51,44 @@ bool IsDigitPlace(char c) {
   return c == '0' || c == '#';
 }
 
-// The first section of the picture: up to a ';' outside quotes and escapes.
-std::string_view FirstSection(std::string_view pic) {
+// Calls f(c) for each character of the picture that is not quoted text or escaped by
+// a backslash, in order, until f returns false; returns where it stopped, or npos.
+template <class F>
+std::size_t ScanPicture(std::string_view pic, F f) {
   bool quoted = false;
   for (std::size_t i = 0; i < pic.size(); ++i) {
-    char c = pic[i];
+    const char c = pic[i];
     if (quoted) {
       if (c == '"') quoted = false;
     } else if (c == '"') {
       quoted = true;
     } else if (c == '\\') {
       ++i;
-    } else if (c == ';') {
-      return pic.substr(0, i);
+    } else if (!f(c)) {
+      return i;
     }
   }
-  return pic;
+  return std::string_view::npos;
+}
+
+// The first section of the picture: up to a ';' outside quotes and escapes.
+std::string_view FirstSection(std::string_view pic) {
+  return pic.substr(0, ScanPicture(pic, [](char c) { return c != ';'; }));
 }
 
 bool IsDatePicture(std::string_view pic) {
   bool date_letter = false;
-  bool quoted = false;
-  for (std::size_t i = 0; i < pic.size(); ++i) {
-    char c = pic[i];
-    if (quoted) {
-      if (c == '"') quoted = false;
-      continue;
-    }
-    if (c == '"') {
-      quoted = true;
-    } else if (c == '\\') {
-      ++i;
-    } else if (IsDigitPlace(c)) {
+  bool digit_place = false;
+  ScanPicture(pic, [&](char c) {
+    if (IsDigitPlace(c)) {
+      digit_place = true;
       return false;
-    } else {
-      char l = static_cast<char>(c | 0x20);
-      if (l == 'd' || l == 'm' || l == 'y') date_letter = true;
     }
-  }
-  return date_letter;
+    const char l = static_cast<char>(c | 0x20);
+    if (l == 'd' || l == 'm' || l == 'y') date_letter = true;
+    return true;
+  });
+  return date_letter && !digit_place;
 }
 
 void AppendTwo(std::string& out, int v) {
@@ -173,20 +172,10 @@ struct Shape {
 Shape ReadShape(std::string_view pic) {
   Shape s;
   bool after_point = false;
-  bool quoted = false;
   bool place_seen = false, comma_pending = false;
   int first_zero = -1;
-  for (std::size_t i = 0; i < pic.size(); ++i) {
-    char c = pic[i];
-    if (quoted) {
-      if (c == '"') quoted = false;
-      continue;
-    }
-    if (c == '"') {
-      quoted = true;
-    } else if (c == '\\') {
-      ++i;
-    } else if (c == '.' && !after_point) {
+  ScanPicture(pic, [&](char c) {
+    if (c == '.' && !after_point) {
       after_point = true;
     } else if (IsDigitPlace(c)) {
       if (after_point) {
@@ -202,7 +191,8 @@ Shape ReadShape(std::string_view pic) {
     } else if (c == ',' && !after_point) {
       comma_pending = true;
     }
-  }
+    return true;
+  });
   s.min_whole = first_zero < 0 ? 0 : s.whole_places - first_zero;
   return s;
 }

@@ -336,24 +336,9 @@ double RoundHalfEven(double x) {
 }
 
 double IntegerSource(const Value& v) {
-  switch (v.kind()) {
-    case Value::Kind::Blank:
-      return 0.0;
-    case Value::Kind::Number:
-      return v.number();
-    case Value::Kind::Text: {
-      double out = 0.0;
-      switch (ParseNumeric(v.text(), out)) {
-        case NumStatus::Ok:
-          return out;
-        case NumStatus::Overflow:
-          Raise(kOverflow);
-        case NumStatus::NotNumeric:
-          Raise(kTypeMismatch);
-      }
-    }
-  }
-  return 0.0;
+  // Unlike a number read, an integer conversion takes no empty text: it is a type mismatch.
+  if (v.IsText() && v.text().empty()) Raise(kTypeMismatch);
+  return v.ToNumber();
 }
 
 }  // namespace
