@@ -44,6 +44,9 @@ enum class Cat : std::uint8_t {
 #undef X
 };
 inline constexpr int kCategoryCount = 42;
+// The fourteen named groups (Reg to CCTips) come first, in the order of the screen.
+inline constexpr int kNamedCategoryCount = 14;
+static_assert(static_cast<int>(Cat::e15) == kNamedCategoryCount);
 
 struct CategoryBoxes {
   std::string_view group;

@@ -14,18 +14,15 @@ namespace {
 constexpr std::size_t kLineWidth = 60;
 constexpr char kCR = '\r';
 
-// The boxes of lines 7 to 34 in file order (D-or-E box, then code box). Line 33 is written
-// from txtCCtipDE but read into txtWaitOTDE: both lists keep that.
-constexpr Ctl kSavedBoxes[] = {
-    txtRegDE, txtReg,       txtOTDE,    txtOT,       txtDblDE,  txtDbl,     txtTipsDE,
-    txtTips,  txtSalesDE,   txtSales,   txtMiscDE,   txtMisc,   txtDisbDE,  txtDisb,
-    txtAbsDE, txtAbs,       txtHolDE,   txtHol,      txtAdjHde, txtAdjH,    txtAdjDde,
-    txtAdjD,  txtWaitRegDE, txtWaitReg, txtWaitOTDE, txtWaitOT, txtCCtipDE, txtCCtip};
-constexpr Ctl kRestoredBoxes[] = {
-    txtRegDE, txtReg,       txtOTDE,    txtOT,       txtDblDE,  txtDbl,      txtTipsDE,
-    txtTips,  txtSalesDE,   txtSales,   txtMiscDE,   txtMisc,   txtDisbDE,   txtDisb,
-    txtAbsDE, txtAbs,       txtHolDE,   txtHol,      txtAdjHde, txtAdjH,     txtAdjDde,
-    txtAdjD,  txtWaitRegDE, txtWaitReg, txtWaitOTDE, txtWaitOT, txtWaitOTDE, txtCCtip};
+// Lines 7 to 34 hold the fourteen named groups in screen order, D-or-E box then code box.
+// Line 33 is written from txtCCtipDE but read into txtWaitOTDE.
+Ctl SavedBox(int line) {
+  const CategoryBoxes& b = Boxes(static_cast<Cat>((line - 7) / 2));
+  return line % 2 == 1 ? b.de : b.code;
+}
+Ctl RestoredBox(int line) {
+  return line == 33 ? txtWaitOTDE : SavedBox(line);
+}
 
 // The default put into ControlRec before a line of 7 to 34 is read; lines 7 to 18 have none.
 std::optional<std::string_view> BoxDefault(int line) {
@@ -142,7 +139,7 @@ void frmTimeImport::Form_Load() {
   Step([&] { NumHoursColumns = ToInteger(Value(ControlRec)); });
   for (int line = 7; line <= 34; ++line) {
     next(BoxDefault(line));
-    S[kRestoredBoxes[line - 7]].text = ControlRec;
+    S[RestoredBox(line)].text = ControlRec;
   }
   for (int k = 15; k <= 42; ++k) {
     const CategoryBoxes& b = Boxes(Numbered(k));
@@ -237,7 +234,7 @@ void frmTimeImport::Form_Unload() {
     write(S[CoNum].text);
     guarded(S[dirInput].text, "c:\\");
     write(std::to_string(NumHoursColumns));
-    for (Ctl box : kSavedBoxes) write(S[box].text);
+    for (int line = 7; line <= 34; ++line) write(S[SavedBox(line)].text);
     for (int k = 15; k <= 42; ++k) {
       write(S[Boxes(Numbered(k)).de].text);
       write(S[Boxes(Numbered(k)).code].text);

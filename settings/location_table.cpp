@@ -8,10 +8,10 @@ namespace corvane {
 
 namespace {
 
-// The screen boxes of columns 2 to 15, D-or-E box and code box.
-constexpr Cat kLocationCategories[] = {Cat::Reg,  Cat::OT,      Cat::Dbl,    Cat::Tips,  Cat::Sales,
-                                       Cat::Misc, Cat::Disb,    Cat::Abs,    Cat::Hol,   Cat::AdjH,
-                                       Cat::AdjD, Cat::WaitReg, Cat::WaitOT, Cat::CCTips};
+// Columns 2 to 15 hold the fourteen named groups in screen order.
+const CategoryBoxes& ColumnBoxes(int col) {
+  return Boxes(static_cast<Cat>(col - 2));
+}
 
 }  // namespace
 
@@ -52,7 +52,7 @@ void frmTimeImport::cmdLookup_Click() {
       // The scan goes on: a later row of the same number wins.
       for (int col = 2; col <= 15; ++col) {
         const std::string cell = Trim(INPData[row][col]);
-        const CategoryBoxes& b = Boxes(kLocationCategories[col - 2]);
+        const CategoryBoxes& b = ColumnBoxes(col);
         S[b.de].text = Left(cell, 1);
         S[b.code].text = Mid(cell, 2);
       }
@@ -71,7 +71,7 @@ void frmTimeImport::StoreLocation(std::int16_t row) {
   if (row < 1 || row > 100) Raise(kSubscriptOutOfRange);
   INPData[row][1] = S[LocNum].text;
   for (int col = 2; col <= 15; ++col) {
-    const CategoryBoxes& b = Boxes(kLocationCategories[col - 2]);
+    const CategoryBoxes& b = ColumnBoxes(col);
     INPData[row][col] = S[b.de].text + Trim(S[b.code].text);
   }
 }
