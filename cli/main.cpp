@@ -111,9 +111,10 @@ void PickInput(frmTimeImport& F, const std::string& path) {
 
 // A named field as typing and leaving it, ticking it or choosing in it would set it.
 void SetField(frmTimeImport& F, const std::string& name, const std::string& value) {
-  Control* c = F.S.Find(name);
-  if (c == nullptr) throw UsageError("the main screen has no field named \"" + name + "\"");
-  const Ctl id = static_cast<Ctl>(c - &F.S[Ctl(0)]);
+  const std::optional<Ctl> found = Screen::IdOf(name);
+  if (!found) throw UsageError("the main screen has no field named \"" + name + "\"");
+  const Ctl id = *found;
+  Control* c = &F.S[id];
   switch (c->kind) {
     case kTextBox:
       c->text = value;

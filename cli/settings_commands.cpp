@@ -46,15 +46,6 @@ int Refused(const std::string& why) {
   return 1;
 }
 
-// The grid's column of a table column.
-std::size_t ColumnIndex(const DataGrid& grid, std::string_view name) {
-  const auto& columns = grid.Columns();
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (columns[i].name == name) return i;
-  }
-  throw std::logic_error("the grid has no column " + std::string(name));
-}
-
 constexpr std::string_view kCustomTargets[] = {"job", "division", "branch"};
 
 int CustomIndex(const std::string& word) {
@@ -227,8 +218,8 @@ int SettingsCommands::CodesSet() {
   if (!target) {
     target = grid.AddRow();
     if (!target) return Refused("the earning codes could not be read");
-    grid.SetText(*target, ColumnIndex(grid, "Company"), company_);
-    grid.SetText(*target, ColumnIndex(grid, "HrsPos"), std::to_string(category_));
+    grid.SetText(*target, grid.ColumnIndex("Company"), company_);
+    grid.SetText(*target, grid.ColumnIndex("HrsPos"), std::to_string(category_));
   }
   const struct {
     CLI::Option* given;
@@ -241,7 +232,7 @@ int SettingsCommands::CodesSet() {
                 {skip_opt_, "Skip", skip_}};
   for (const auto& edit : kEdits) {
     if (edit.given->count() == 0) continue;
-    if (!grid.SetText(*target, ColumnIndex(grid, edit.column), edit.text)) {
+    if (!grid.SetText(*target, grid.ColumnIndex(edit.column), edit.text)) {
       return Refused(std::string(edit.column) + " takes a whole number, not \"" + edit.text + "\"");
     }
   }

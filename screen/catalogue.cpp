@@ -92,7 +92,7 @@ ClockBox BoxOf(std::string_view written, std::string_view clock) {
                          std::string(written));
 }
 
-ClockConfig Parse(const ClockRow& row, Screen& names) {
+ClockConfig Parse(const ClockRow& row) {
   ClockConfig c;
   c.name = row.name;
   c.listed = row.listed;
@@ -130,7 +130,7 @@ ClockConfig Parse(const ClockRow& row, Screen& names) {
         text.remove_suffix(1);
         show.text = std::string(text);
       }
-      if (show.control != "frmTMdept.lblTitle" && names.Find(show.control) == nullptr) {
+      if (show.control != "frmTMdept.lblTitle" && !Screen::IdOf(show.control)) {
         throw std::logic_error("catalogue row " + std::string(row.name) + ": no control " +
                                show.control);
       }
@@ -145,10 +145,9 @@ ClockConfig Parse(const ClockRow& row, Screen& names) {
 
 const std::vector<ClockConfig>& Configs() {
   static const auto* configs = [] {
-    Screen names;
     auto* v = new std::vector<ClockConfig>;
     v->reserve(std::size(kRows));
-    for (const ClockRow& r : kRows) v->push_back(Parse(r, names));
+    for (const ClockRow& r : kRows) v->push_back(Parse(r));
     return v;
   }();
   return *configs;

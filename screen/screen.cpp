@@ -87,9 +87,15 @@ Screen::Screen() {
   controls_[filInput].pattern = "*.*";
 }
 
-Control* Screen::Find(std::string_view name) {
+std::optional<Ctl> Screen::IdOf(std::string_view name) {
   auto it = NameIndex().find(name);
-  return it == NameIndex().end() ? nullptr : &controls_[it->second];
+  if (it == NameIndex().end()) return std::nullopt;
+  return it->second;
+}
+
+Control* Screen::Find(std::string_view name) {
+  const std::optional<Ctl> id = IdOf(name);
+  return id ? &controls_[*id] : nullptr;
 }
 
 std::string_view Screen::NameOf(Ctl c) {

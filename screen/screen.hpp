@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -83,6 +84,8 @@ class Screen {
   const Control& operator[](Ctl c) const { return controls_[c]; }
   // The control of a name, nullptr when the screen has none.
   Control* Find(std::string_view name);
+  // The id of a control's name; none when the screen has no control of that name.
+  static std::optional<Ctl> IdOf(std::string_view name);
   static std::string_view NameOf(Ctl c);
 
   // The text of a category's code box and D-or-E box.

@@ -92,11 +92,15 @@ void DataGrid::Bind(ECodeData* data) {
   }
 }
 
-GridColumn& DataGrid::Column(std::string_view name) {
-  for (GridColumn& c : columns_) {
-    if (c.name == name) return c;
+std::size_t DataGrid::ColumnIndex(std::string_view name) const {
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (columns_[i].name == name) return i;
   }
   Raise(kSubscriptOutOfRange);
+}
+
+GridColumn& DataGrid::Column(std::string_view name) {
+  return columns_[ColumnIndex(name)];
 }
 
 ECodeRow& DataGrid::Row(std::size_t row) const {

@@ -50,8 +50,9 @@ class DataGrid {
 
   std::vector<GridColumn>& Columns() { return columns_; }
   const std::vector<GridColumn>& Columns() const { return columns_; }
-  // The column of a table column's name; raises 9 when the grid has none.
+  // The column of a table column's name, and its position; raise 9 when the grid has none.
   GridColumn& Column(std::string_view name);
+  std::size_t ColumnIndex(std::string_view name) const;
 
   std::size_t RowCount() const { return shown_.size(); }
   // The row shown at a position, in the table. Raises 9 for a position not shown.

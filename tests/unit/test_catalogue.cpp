@@ -10,6 +10,7 @@
 
 #include "fake_operator.hpp"
 #include "pipeline/time_import.hpp"
+#include "runtime/text.hpp"
 #include "screen/catalogue.hpp"
 #include "screen/samples.hpp"
 #include "temp_folder.hpp"
@@ -26,18 +27,12 @@ struct Entry {
   std::vector<std::string> other;
 };
 
-std::string Trimmed(std::string t) {
-  while (!t.empty() && t.front() == ' ') t.erase(0, 1);
-  while (!t.empty() && t.back() == ' ') t.pop_back();
-  return t;
-}
-
 std::vector<std::string> SplitAt(const std::string& text, char separator) {
   std::vector<std::string> parts;
   std::size_t from = 0;
   while (true) {
     std::size_t at = text.find(separator, from);
-    std::string part = Trimmed(text.substr(from, at - from));
+    std::string part = Trim(text.substr(from, at - from));
     if (!part.empty()) parts.push_back(part);
     if (at == std::string::npos) return parts;
     from = at + 1;
@@ -54,10 +49,10 @@ std::vector<Entry> DocumentedList() {
     std::size_t from = 0;
     for (int i = 0; i < 3; ++i) {
       std::size_t bar = line.find(" | ", from);
-      cells.push_back(Trimmed(line.substr(from, bar - from)));
+      cells.push_back(Trim(line.substr(from, bar - from)));
       from = bar + 3;
     }
-    cells.push_back(Trimmed(line.substr(from)));
+    cells.push_back(Trim(line.substr(from)));
     Entry e{cells[0], cells[1], {}, SplitAt(cells[3], ';')};
     for (const std::string& box : SplitAt(cells[2], ',')) {
       std::size_t eq = box.find('=');
@@ -187,7 +182,7 @@ TEST_F(Catalogue, EveryEntryConfiguresTheScreenAsItsRowSays) {
       if (quote == std::string::npos) {
         named[item] = std::nullopt;
       } else {
-        named[Trimmed(item.substr(0, quote))] = item.substr(quote + 1, item.size() - quote - 2);
+        named[Trim(item.substr(0, quote))] = item.substr(quote + 1, item.size() - quote - 2);
       }
     }
     for (Ctl c : kOptional) {
