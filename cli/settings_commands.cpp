@@ -65,9 +65,8 @@ std::string_view YesNo(bool b) {
 
 // The three choices both customisation forms share, as the operator clicks them; a choice
 // not given is left as it is.
-template <class Form>
-void TypeChoices(Form& form, const std::string& employee_number, const std::string& pay_rate,
-                 const std::string& department) {
+void TypeChoices(CompanyChoices& form, const std::string& employee_number,
+                 const std::string& pay_rate, const std::string& department) {
   if (!employee_number.empty()) {
     form.SetOption(employee_number == "emp" ? form.rdoEmp : form.rdoBadge, true);
   }
@@ -77,8 +76,7 @@ void TypeChoices(Form& form, const std::string& employee_number, const std::stri
   }
 }
 
-template <class Form>
-void PrintChoices(const Form& form, const std::string& company) {
+void PrintChoices(const CompanyChoices& form, const std::string& company) {
   std::cout << "company=" << company << "\n"
             << "employee-number=" << (form.rdoEmp.value == 1 ? "emp" : "badge") << "\n"
             << "pay-rate=" << YesNo(form.rdoPRyes.value == 1) << "\n"

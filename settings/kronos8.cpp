@@ -18,16 +18,6 @@ namespace {
 // A list box refuses an index it does not have with "Invalid property value".
 constexpr int kInvalidPropertyValue = 380;
 
-Control MakeControl(std::string_view name, ControlKind kind, std::string caption,
-                    std::string tooltip = {}) {
-  Control c;
-  c.name = name;
-  c.kind = kind;
-  c.caption = std::move(caption);
-  c.tooltip = std::move(tooltip);
-  return c;
-}
-
 constexpr std::array<std::string_view, 6> kListNames = {"List1", "List2", "List3",
                                                         "List4", "List5", "List6"};
 constexpr std::array<std::string_view, 6> kLabelNames = {"Label1", "Label2", "Label3",
@@ -79,11 +69,6 @@ bool BooleanField(const Value& field) {
   Raise(kTypeMismatch);
 }
 
-void SwitchOption(Control& button, Control& partner, bool on) {
-  button.value = on ? 1 : 0;
-  if (on) partner.value = 0;
-}
-
 void SelectIndex(Control& list, long index) {
   if (index < -1 || index >= static_cast<long>(list.items.size())) {
     Raise(kInvalidPropertyValue, "Invalid property value");
@@ -99,34 +84,20 @@ std::string K8Line(const K8Row& row) {
 }
 
 frmKv8::frmKv8(Operator& ui, const Screen& main, std::string settings_dir)
-    : caption("Custom Settings for Kronos v8"),
+    : CompanyChoices({.badge = "The 2nd column (badge#) stores our Employee numbers.",
+                      .pay_rate_yes = "Yes to use the Pay Rates in Kronos (not Payroll).",
+                      .pay_rate_no = "No, use the Pay Rates from Payroll (not Kronos).",
+                      .dept_no = "No, use the home department stored in Payroll."}),
+      caption("Custom Settings for Kronos v8"),
       lblTitle(MakeControl("lblTitle", kLabel, "Kronos v8 Custom Mapping")),
-      // Frames are labels here: a caption and a help text over their buttons.
-      empnoframe(MakeControl("empnoframe", kLabel, "Employee #",
-                             "Which column (in Kronos) stores your Employee Numbers?")),
-      rdoEmp(MakeControl("rdoEmp", kOptionButton, "Emp #",
-                         "The 1st column stores the employee number.")),
-      rdoBadge(MakeControl("rdoBadge", kOptionButton, "Badge#",
-                           "The 2nd column (badge#) stores our Employee numbers.")),
-      PayRateFrame(MakeControl("PayRateFrame", kLabel, "Override Pay Rate")),
-      rdoPRyes(MakeControl("rdoPRyes", kOptionButton, "Yes",
-                           "Yes to use the Pay Rates in Kronos (not Payroll).")),
-      rdoPRno(MakeControl("rdoPRno", kOptionButton, "No",
-                          "No, use the Pay Rates from Payroll (not Kronos).")),
       Frame1(MakeControl("Frame1", kLabel, "Department Worked",
                          "Map Department Worked to Override the Department code in Payroll?")),
-      rdoDeptYes(MakeControl(
-          "rdoDeptYes", kOptionButton, "Yes",
-          "Yes, override the home Department stored in Payroll with Department Worked.")),
-      rdoDeptNo(MakeControl("rdoDeptNo", kOptionButton, "No",
-                            "No, use the home department stored in Payroll.")),
       Label7(MakeControl("Label7", kLabel, "Custom Fields")),
       cmdClose(MakeControl("cmdClose", kCommandButton, "Save")),
       cmdCancel(MakeControl("cmdCancel", kCommandButton, "Cancel")),
       ui_(ui),
       main_(main),
       settings_dir_(std::move(settings_dir)) {
-  rdoEmp.value = rdoPRyes.value = rdoDeptYes.value = 1;
   for (std::size_t i = 0; i < List.size(); ++i) {
     const std::string n = std::to_string(i + 1);
     List[i] = MakeControl(
@@ -138,29 +109,12 @@ frmKv8::frmKv8(Operator& ui, const Screen& main, std::string settings_dir)
   }
 }
 
-void frmKv8::SetOption(Control& button, bool on) {
-  Control* partner = nullptr;
-  if (&button == &rdoEmp) partner = &rdoBadge;
-  if (&button == &rdoBadge) partner = &rdoEmp;
-  if (&button == &rdoPRyes) partner = &rdoPRno;
-  if (&button == &rdoPRno) partner = &rdoPRyes;
-  if (&button == &rdoDeptYes) partner = &rdoDeptNo;
-  if (&button == &rdoDeptNo) partner = &rdoDeptYes;
-  if (partner == nullptr) return;
-  SwitchOption(button, *partner, on);
-}
-
 void frmKv8::Form_Load() {
   LoadCompanyTable(rsK8, settings_dir_, kK8FileName, ReadK8Row, [this] { Set_rsK8(); });
 }
 
 void frmKv8::ShowRow(const K8Row& row) {
-  SetOption(rdoEmp, row.Emp);
-  if (!row.Emp) SetOption(rdoBadge, true);
-  SetOption(rdoPRyes, row.PayRat);
-  if (!row.PayRat) SetOption(rdoPRno, true);
-  SetOption(rdoDeptYes, row.Dept);
-  if (!row.Dept) SetOption(rdoDeptNo, true);
+  ShowChoices(row.Emp, row.PayRat, row.Dept);
   for (std::size_t i = 0; i < List.size(); ++i) SelectIndex(List[i], row.Cus[i]);
 }
 

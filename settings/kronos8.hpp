@@ -12,6 +12,7 @@
 
 #include "runtime/value.hpp"
 #include "screen/screen.hpp"
+#include "settings/company_choices.hpp"
 #include "settings/recordset.hpp"
 
 namespace corvane {
@@ -42,14 +43,11 @@ std::string_view BooleanText(bool b);  // "True" or "False"
 // A Boolean column read from a settings file: "True" or "False" in any case, a number or
 // numeric text (0 is False), blank as False. Other text raises 13.
 bool BooleanField(const Value& field);
-// Switches an option button on or off. Only one button of a frame is on, so switching one
-// on switches its partner off; switching one off leaves the partner as it is.
-void SwitchOption(Control& button, Control& partner, bool on);
 // Selects an entry of a list; -1 selects none. An index the list does not have raises 380
 // and leaves the selection as it was.
 void SelectIndex(Control& list, long index);
 
-class frmKv8 {
+class frmKv8 : public CompanyChoices {
  public:
   // The form at its design values, hidden. Nothing is read until Form_Load.
   frmKv8(Operator& ui, const Screen& main, std::string settings_dir);
@@ -77,9 +75,6 @@ class frmKv8 {
   void Show() { visible = true; }
   void Hide() { visible = false; }
 
-  // Switches one of the form's option buttons, and its partner with it.
-  void SetOption(Control& button, bool on);
-
   Control& List1() { return List[0]; }
   Control& List2() { return List[1]; }
   Control& List3() { return List[2]; }
@@ -92,9 +87,7 @@ class frmKv8 {
   bool visible = false;
 
   Control lblTitle;
-  Control empnoframe, rdoEmp, rdoBadge;
-  Control PayRateFrame, rdoPRyes, rdoPRno;
-  Control Frame1, rdoDeptYes, rdoDeptNo;
+  Control Frame1;                // the frame of the department choice
   std::array<Control, 6> List;   // List1 to List6, one per custom field
   std::array<Control, 6> Label;  // Label1 to Label6, "1." to "6."
   Control Label7;                // the custom fields' heading

@@ -21,17 +21,6 @@ constexpr std::string_view kMessageTitle = "Corvane - Time Manager";
 // No segment string is longer than this.
 constexpr double kMaxTotalLength = 15;
 
-Control MakeControl(std::string_view name, ControlKind kind, std::string caption,
-                    std::string tooltip = {}, std::string text = {}) {
-  Control c;
-  c.name = name;
-  c.kind = kind;
-  c.caption = std::move(caption);
-  c.tooltip = std::move(tooltip);
-  c.text = std::move(text);
-  return c;
-}
-
 Control LengthBox(std::string_view name, std::string_view segment) {
   return MakeControl(name, kTextBox, "", "Enter length of the " + std::string(segment) + " segment",
                      "0");
@@ -80,27 +69,15 @@ std::string TMLine(const TMRow& row) {
 }
 
 frmTMdept::frmTMdept(Operator& ui, const Screen& main, std::string settings_dir)
-    : caption("Time Manager Customization"),
+    : CompanyChoices({.badge = "The 3rd column (badge#) stores our Employee numbers.",
+                      .pay_rate_yes = "Yes to use the Pay Rates in Time Manager (not Payroll).",
+                      .pay_rate_no = "No, use the Pay Rates from Payroll (not Time Manager).",
+                      .dept_no = "No, use the home department."}),
+      caption("Time Manager Customization"),
       lblTitle(MakeControl("lblTitle", kLabel, "Customize Time Manager")),
-      // Frames are labels here: a caption and a help text over their buttons, which show
-      // only when their frame does.
-      empnoframe(MakeControl("empnoframe", kLabel, "Employee #",
-                             "Which column (in Kronos) stores your Employee Numbers?")),
-      rdoEmp(MakeControl("rdoEmp", kOptionButton, "Emp #",
-                         "The 1st column stores the employee number.")),
-      rdoBadge(MakeControl("rdoBadge", kOptionButton, "Badge#",
-                           "The 3rd column (badge#) stores our Employee numbers.")),
-      PayRateFrame(MakeControl("PayRateFrame", kLabel, "Override Pay Rate")),
-      rdoPRyes(MakeControl("rdoPRyes", kOptionButton, "Yes",
-                           "Yes to use the Pay Rates in Time Manager (not Payroll).")),
-      rdoPRno(MakeControl("rdoPRno", kOptionButton, "No",
-                          "No, use the Pay Rates from Payroll (not Time Manager).")),
+      // The buttons of a frame show only when their frame does.
       DeptFrame(MakeControl("DeptFrame", kLabel, "Department Worked",
                             "Map Department Worked to Override the Department code in Payroll?")),
-      rdoDeptYes(MakeControl(
-          "rdoDeptYes", kOptionButton, "Yes",
-          "Yes, override the home Department stored in Payroll with Department Worked.")),
-      rdoDeptNo(MakeControl("rdoDeptNo", kOptionButton, "No", "No, use the home department.")),
       Label7(MakeControl("Label7", kLabel, "Department Break-out")),
       lblLen(MakeControl("lblLen", kLabel, "Segment Length")),
       lblInc(MakeControl("lblInc", kLabel, "Include Segment? (T/F)")),
@@ -120,27 +97,13 @@ frmTMdept::frmTMdept(Operator& ui, const Screen& main, std::string settings_dir)
       cmdCancel(MakeControl("cmdCancel", kCommandButton, "Cancel")),
       ui_(ui),
       main_(main),
-      settings_dir_(std::move(settings_dir)) {
-  rdoEmp.value = rdoPRyes.value = rdoDeptYes.value = 1;
-}
+      settings_dir_(std::move(settings_dir)) {}
 
 std::array<frmTMdept::Segment, 4> frmTMdept::Segments() {
   return {{{&DivLen, &DivInc, "Division"},
            {&BrLen, &BrInc, "Branch"},
            {&DeptLen, &DeptInc, "Department"},
            {&TeamLen, &TeamInc, "Team"}}};
-}
-
-void frmTMdept::SetOption(Control& button, bool on) {
-  Control* partner = nullptr;
-  if (&button == &rdoEmp) partner = &rdoBadge;
-  if (&button == &rdoBadge) partner = &rdoEmp;
-  if (&button == &rdoPRyes) partner = &rdoPRno;
-  if (&button == &rdoPRno) partner = &rdoPRyes;
-  if (&button == &rdoDeptYes) partner = &rdoDeptNo;
-  if (&button == &rdoDeptNo) partner = &rdoDeptYes;
-  if (partner == nullptr) return;
-  SwitchOption(button, *partner, on);
 }
 
 void frmTMdept::SetText(Control& box, std::string text) {
@@ -186,12 +149,7 @@ void frmTMdept::ReadSettings() {
 }
 
 void frmTMdept::ShowRow(const TMRow& row) {
-  SetOption(rdoEmp, row.Emp);
-  if (!row.Emp) SetOption(rdoBadge, true);
-  SetOption(rdoPRyes, row.PayRat);
-  if (!row.PayRat) SetOption(rdoPRno, true);
-  SetOption(rdoDeptYes, row.Dept);
-  if (!row.Dept) SetOption(rdoDeptNo, true);
+  ShowChoices(row.Emp, row.PayRat, row.Dept);
   // The stored values are shown as saved: the boxes' validation is for the operator's
   // edits, and checking a company's lengths against the boxes of the company shown before
   // would clear lengths that were valid when saved.

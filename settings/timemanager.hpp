@@ -9,6 +9,7 @@
 #include <string>
 
 #include "screen/screen.hpp"
+#include "settings/company_choices.hpp"
 #include "settings/recordset.hpp"
 
 namespace corvane {
@@ -36,7 +37,7 @@ struct TMRow {
 // "123","True","True","False","2","T","2","T","4","T","3","F". No line end.
 std::string TMLine(const TMRow& row);
 
-class frmTMdept {
+class frmTMdept : public CompanyChoices {
  public:
   // The form at its design values, hidden, with an empty table. Nothing is read until
   // ReadSettings.
@@ -65,8 +66,6 @@ class frmTMdept {
   void Show() { visible = true; }
   void Hide() { visible = false; }
 
-  // Switches one of the form's option buttons, and its partner with it.
-  void SetOption(Control& button, bool on);
   // Puts text into a box as typing does: when the text changes, the box's change handler
   // runs (for the length and include boxes; other controls have none).
   void SetText(Control& box, std::string text);
@@ -90,9 +89,7 @@ class frmTMdept {
 
   // The heading; the time clock's selection on the main screen replaces it.
   Control lblTitle;
-  Control empnoframe, rdoEmp, rdoBadge;
-  Control PayRateFrame, rdoPRyes, rdoPRno;
-  Control DeptFrame, rdoDeptYes, rdoDeptNo;
+  Control DeptFrame;               // the frame of the department choice
   Control Label7, lblLen, lblInc;  // the breakout's heading and its two column heads
   Control lblDiv, DivLen, DivInc;
   Control lblBr, BrLen, BrInc;
