@@ -70,12 +70,13 @@ void frmTimeImport::PickTC_Click() {
   const ClockConfig* clock = FindClockConfig(ChosenTC);
   if (clock == nullptr || !clock->listed) {
     ShowUnavailable(S);
-    return;
+  } else {
+    ApplyClock(S, *clock);
+    for (const ClockShow& show : clock->shows) {
+      if (show.control == "frmTMdept.lblTitle" && show.text) TMdept.lblTitle.caption = *show.text;
+    }
   }
-  ApplyClock(S, *clock);
-  for (const ClockShow& show : clock->shows) {
-    if (show.control == "frmTMdept.lblTitle" && show.text) TMdept.lblTitle.caption = *show.text;
-  }
+  S.filInput_Refresh();
 }
 
 }  // namespace corvane

@@ -231,8 +231,8 @@ void ResetToNeutral(Screen& S) {
     if (!n.label.empty()) S[Boxes(n.category).label].caption = n.label;
   }
   S[cmdTM].caption = "Customize Time Manager";
+  // The file list is read once the choice has set its pattern (PickTC_Click).
   S[filInput].pattern = "*.*";
-  S.filInput_Refresh();
   for (const auto& n : kNeutral) S[Boxes(n.category).code].tooltip = n.tooltip;
   for (int n = 15; n <= 28; ++n) S[Boxes(Numbered(n)).code].tooltip = "Enter Pay Code";
   S[chkTeam].caption = "Team";
@@ -241,7 +241,6 @@ void ResetToNeutral(Screen& S) {
 
 void ApplyClock(Screen& S, const ClockConfig& clock) {
   S[filInput].pattern = clock.pattern;
-  S.filInput_Refresh();
   for (std::string_view row : clock.samples) S[ShowSample].items.emplace_back(row);
 
   MainUIProperties ui(S);

@@ -50,7 +50,8 @@ std::span<const ClockConfig> Catalogue();
 const ClockConfig* FindClockConfig(std::string_view name);
 
 // The steps of a choice in PickTC that touch only the main screen.
-// Step 1: the neutral state. Code boxes keep their contents.
+// Step 1: the neutral state. Code boxes keep their contents. The file list's pattern is set
+// but the list is not read: the caller refreshes it once the choice is made.
 void ResetToNeutral(Screen& S);
 // Step 3: a format's row. Controls of other forms (frmTMdept.lblTitle) are the caller's.
 void ApplyClock(Screen& S, const ClockConfig& clock);
