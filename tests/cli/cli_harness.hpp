@@ -20,8 +20,9 @@ struct CommandResult {
 
 // Runs CORVANE_BINARY with `args` (no shell), standard input from /dev/null, in `cwd`, with
 // HOME pointing at `home` so that no default folder of the real user is touched.
+// A run that takes longer than timeout_seconds is killed and counts as a hang.
 CommandResult RunCommand(const std::vector<std::string>& args, const std::filesystem::path& cwd,
-                         const std::filesystem::path& home);
+                         const std::filesystem::path& home, int timeout_seconds = 60);
 
 // The control file of a screen in its factory state with "ABRA" chosen: what an exit writes
 // after a first start.
@@ -75,7 +76,7 @@ struct RunCall {
   explicit RunCall(const WorkDir& dir);
   // Appends options; a named single-valued option already present gets the new value instead.
   RunCall& Add(std::initializer_list<std::string> more);
-  CommandResult Go() const;
+  CommandResult Go(int timeout_seconds = 60) const;
   std::vector<nlohmann::json> Transcript() const { return ReadTranscript(dir_.transcript()); }
 
   std::vector<std::string> args;
