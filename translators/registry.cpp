@@ -5,11 +5,18 @@ namespace corvane {
 
 extern const Translator kAccessTranslator;
 extern const Translator kABRATranslator;
+extern const Translator kAlohaV5313Translator;
+extern const Translator kAlohav6542Translator;
+extern const Translator kAlohav6544Translator;
+extern const Translator kAlohav6722Translator;
+extern const Translator kAlohav5326Translator;
+extern const Translator kAlohav6738Translator;
 
 const Translator* FindTranslator(std::string_view name) {
   static const Translator* const kAll[] = {
-      &kAccessTranslator,
-      &kABRATranslator,
+      &kAccessTranslator,     &kABRATranslator,       &kAlohaV5313Translator,
+      &kAlohav6542Translator, &kAlohav6544Translator, &kAlohav6722Translator,
+      &kAlohav5326Translator, &kAlohav6738Translator,
   };
   if (name.empty()) return nullptr;
   for (const Translator* t : kAll) {
