@@ -11,12 +11,36 @@ extern const Translator kAlohav6544Translator;
 extern const Translator kAlohav6722Translator;
 extern const Translator kAlohav5326Translator;
 extern const Translator kAlohav6738Translator;
+extern const Translator kADPas400Translator;
+extern const Translator kADPAspectTranslator;
+extern const Translator kADPcsvTranslator;
+extern const Translator kADPBSTTranslator;
+extern const Translator kADPTranslator;
+extern const Translator kADPEZLaborTranslator;
+extern const Translator kCostaViewEZLaborTranslator;
+extern const Translator kADPv1123Translator;
+extern const Translator kADSCustomTranslator;
 
 const Translator* FindTranslator(std::string_view name) {
   static const Translator* const kAll[] = {
-      &kAccessTranslator,     &kABRATranslator,       &kAlohaV5313Translator,
-      &kAlohav6542Translator, &kAlohav6544Translator, &kAlohav6722Translator,
-      &kAlohav5326Translator, &kAlohav6738Translator,
+      &kAccessTranslator,
+      &kABRATranslator,
+      &kAlohaV5313Translator,
+      &kAlohav6542Translator,
+      &kAlohav6544Translator,
+      &kAlohav6722Translator,
+      &kAlohav5326Translator,
+      &kAlohav6738Translator,
+      // ADP
+      &kADPas400Translator,
+      &kADPAspectTranslator,
+      &kADPcsvTranslator,
+      &kADPBSTTranslator,
+      &kADPTranslator,
+      &kADPEZLaborTranslator,
+      &kCostaViewEZLaborTranslator,
+      &kADPv1123Translator,
+      &kADSCustomTranslator,
   };
   if (name.empty()) return nullptr;
   for (const Translator* t : kAll) {
