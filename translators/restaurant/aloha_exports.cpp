@@ -161,9 +161,10 @@ void Alohav6542_Employee(frmTimeImport& F) {
   double& AlohaOTTotal = F.Fields<Alohav6542Fields>().AlohaOTTotal;
 
   if (AlohaOTTotal > 0) {
-    // Employee_no still holds the employee being closed. Amount and Department keep what
-    // his last job left in them.
+    // Employee_no still holds the employee being closed, and Department his last job. An
+    // hours line carries no dollars, though his last job's tips were the last set.
     r.payrate = "";
+    r.Amount = "";
     F.Apply(Cat::e17);
     r.Hours = PrintNumber(AlohaOTTotal);
     F.WriteOutputRec();
