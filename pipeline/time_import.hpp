@@ -139,6 +139,20 @@ class frmTimeImport {
     ImportRec.Earning_Code = S.Code(category);
     ImportRec.DorE = S.DE(category);
   }
+  // One category written: hours go out with no dollars, and dollars with no hours, so that
+  // nothing of the category written before rides along.
+  void WriteHours(Cat category, const Value& hours) {
+    ImportRec.Hours = hours;
+    ImportRec.Amount = "";
+    Apply(category);
+    WriteOutputRec();
+  }
+  void WriteDollars(Cat category, std::string amount) {
+    ImportRec.Hours = "";
+    ImportRec.Amount = std::move(amount);
+    Apply(category);
+    WriteOutputRec();
+  }
 
   // Shows a message; the title is "Corvane" unless given.
   MsgAnswer MsgBox(std::string_view text, MsgButtons buttons = MsgButtons::OKOnly,

@@ -336,4 +336,13 @@ fs::path Fixture(const std::string& relative) {
   return fs::path(CORVANE_FIXTURES) / relative;
 }
 
+void ExpectRuntimeErrorOnly(const RunCall& call, const CommandResult& result, int number) {
+  ASSERT_FALSE(result.timed_out);
+  EXPECT_EQ(result.status, 3) << result.err;
+  auto dialogue = Dialogue(call.Transcript());
+  ASSERT_EQ(dialogue.size(), 1u) << result.err;
+  EXPECT_EQ(dialogue[0].value("kind", ""), "runtime-error") << dialogue[0].dump();
+  EXPECT_EQ(dialogue[0].value("number", 0), number) << dialogue[0].dump();
+}
+
 }  // namespace corvane_test

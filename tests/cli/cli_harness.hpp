@@ -105,6 +105,10 @@ std::filesystem::path AuditFile123(const WorkDir& dir);
 void ExpectOnlyReport(const WorkDir& dir, const RunCall& call, const CommandResult& result,
                       const std::string& chosen_tc, long tc_count, long rec_count);
 
+// The program ended with the run-time error report of `number` as its only message, and no
+// report of the run.
+void ExpectRuntimeErrorOnly(const RunCall& call, const CommandResult& result, int number);
+
 // A fixture file under tests/fixtures.
 std::filesystem::path Fixture(const std::string& relative);
 

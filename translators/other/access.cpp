@@ -35,18 +35,10 @@ void Access(frmTimeImport& F) {
   for (int n : {4, 10, 13, 14, 15}) f[n] = Replace(f[n], "$", "");
 
   auto hours = [&](int n, Cat category) {
-    if (!NumericAbove0(f[n])) return;
-    r.Hours = f[n];
-    r.Amount = "";
-    F.Apply(category);
-    F.WriteOutputRec();
+    if (NumericAbove0(f[n])) F.WriteHours(category, f[n]);
   };
   auto dollars = [&](int n, Cat category) {
-    if (!NumericAbove0(f[n])) return;
-    r.Hours = "";
-    r.Amount = Replace(f[n], "$", "");
-    F.Apply(category);
-    F.WriteOutputRec();
+    if (NumericAbove0(f[n])) F.WriteDollars(category, Replace(f[n], "$", ""));
   };
 
   hours(6, Cat::Reg);

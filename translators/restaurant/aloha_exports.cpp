@@ -396,18 +396,12 @@ void Alohav5326(frmTimeImport& F) {
     bool written = false;
     auto hours = [&](int n, Cat category) {
       if (!NumericAbove0(f[n])) return;
-      r.Amount = "";
-      r.Hours = f[n];
-      F.Apply(category);
-      F.WriteOutputRec();
+      F.WriteHours(category, f[n]);
       written = true;
     };
     auto dollars = [&](int n, Cat category) {
       if (!NumericAbove0(f[n])) return;
-      r.Hours = "";
-      r.Amount = f[n].str();
-      F.Apply(category);
-      F.WriteOutputRec();
+      F.WriteDollars(category, f[n].str());
       written = true;
     };
     hours(3, Cat::Reg);

@@ -42,14 +42,6 @@ void ADPRecordDefaults(ImportRecord& r) {
   r.Seq = "1";
 }
 
-// One category of hours: the amount goes out as hours under the category's boxes.
-void ADPWriteHours(frmTimeImport& F, Cat category, const Value& hours) {
-  F.Apply(category);
-  F.ImportRec.Amount = "";
-  F.ImportRec.Hours = hours;
-  F.WriteOutputRec();
-}
-
 template <class Code, std::size_t N>
 std::optional<Cat> ADPLookup(const std::pair<Code, Cat> (&table)[N], const Value& code) {
   for (const auto& [known, category] : table) {
@@ -137,8 +129,8 @@ void ADPas400(frmTimeImport& F) {
     ADPas400_Split(line, in);
 
     r.Employee_no = Format(f[AS400_FileNo], "000000");
-    if (NumericAbove0(f[AS400_RegHours])) ADPWriteHours(F, Cat::Reg, f[AS400_RegHours]);
-    if (NumericAbove0(f[AS400_OTHours])) ADPWriteHours(F, Cat::OT, f[AS400_OTHours]);
+    if (NumericAbove0(f[AS400_RegHours])) F.WriteHours(Cat::Reg, f[AS400_RegHours]);
+    if (NumericAbove0(f[AS400_OTHours])) F.WriteHours(Cat::OT, f[AS400_OTHours]);
     ADPas400_Coded(F, f[AS400_Hours3Code], f[AS400_Hours3Amount], false);
     ADPas400_Coded(F, f[AS400_MemoCode], f[AS400_MemoAmount], false);
     ADPas400_Coded(F, f[AS400_Earnings3Code], f[AS400_Earnings3Amount], true);
@@ -188,8 +180,8 @@ void ADPAspect(frmTimeImport& F) {
 
   // The hours are taken as numbers with no test: text there is a type mismatch, which ends
   // the reading.
-  if (in.ADPAspect_RegHours.ToNumber() > 0) ADPWriteHours(F, Cat::Reg, in.ADPAspect_RegHours);
-  if (in.ADPAspect_OTHours.ToNumber() > 0) ADPWriteHours(F, Cat::OT, in.ADPAspect_OTHours);
+  if (in.ADPAspect_RegHours.ToNumber() > 0) F.WriteHours(Cat::Reg, in.ADPAspect_RegHours);
+  if (in.ADPAspect_OTHours.ToNumber() > 0) F.WriteHours(Cat::OT, in.ADPAspect_OTHours);
 
   const Value& code = in.ADPAspect_E3Code;
   if (code == Value("T")) {
@@ -234,12 +226,12 @@ bool ADPcsvRead(frmTimeImport& F) {
 // premium category of that shift (none for double time).
 void ADPcsv_Hours(frmTimeImport& F, const Value& hours, Cat category,
                   std::optional<Cat> second_shift, std::optional<Cat> third_shift) {
-  ADPWriteHours(F, category, hours);
+  F.WriteHours(category, hours);
   // The file's shift decides the premium whether or not the shift goes to the record; a
   // shift read as 02 is the number 2.
   const std::string shift = Trim(F.Fields<ADPcsvFields>().ADPcsv_Shift);
-  if (shift == "2" && second_shift) ADPWriteHours(F, *second_shift, hours);
-  if (shift == "3" && third_shift) ADPWriteHours(F, *third_shift, hours);
+  if (shift == "2" && second_shift) F.WriteHours(*second_shift, hours);
+  if (shift == "3" && third_shift) F.WriteHours(*third_shift, hours);
 }
 
 // A Hours 3 or Hours 4 pair: "D" is double time, "V" vacation; other codes are passed over.
@@ -365,8 +357,8 @@ void ADPBST(frmTimeImport& F) {
       }
 
       r.Employee_no = Format(in.BST_FileNo, "000000");
-      if (NumericAbove0(in.BST_RegHours)) ADPWriteHours(F, Cat::Reg, in.BST_RegHours);
-      if (NumericAbove0(in.BST_OTHours)) ADPWriteHours(F, Cat::OT, in.BST_OTHours);
+      if (NumericAbove0(in.BST_RegHours)) F.WriteHours(Cat::Reg, in.BST_RegHours);
+      if (NumericAbove0(in.BST_OTHours)) F.WriteHours(Cat::OT, in.BST_OTHours);
 
       if (!next_row) {
         ADPBST_Pairs(F, in.TailText, pairs);
