@@ -1,15 +1,16 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build and the tests need, when they are missing.
-# Usage: scripts/install-deps.sh [--gui]
+# Usage: scripts/install-deps.sh [--gui | --fuzz]
 set -euo pipefail
 
 packages=(g++ cmake ninja-build pkg-config clang-format
   libgtest-dev libgmock-dev libbenchmark-dev
   libfmt-dev libcli11-dev nlohmann-json3-dev
   libfreexl-dev libzip-dev libexpat1-dev)
-if [[ "${1:-}" == "--gui" ]]; then
-  packages+=(qt6-base-dev xvfb xauth)
-fi
+case "${1:-}" in
+  --gui) packages+=(qt6-base-dev xvfb xauth) ;;
+  --fuzz) packages+=(clang libclang-rt-14-dev) ;;
+esac
 
 missing=()
 for p in "${packages[@]}"; do

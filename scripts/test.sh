@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs every test: once in a plain build and once under
-# AddressSanitizer + UndefinedBehaviorSanitizer. Also checks the code's formatting.
+# AddressSanitizer + UndefinedBehaviorSanitizer, then runs each fuzz target briefly. Also
+# checks the code's formatting.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -22,4 +23,8 @@ for variant in build build-asan; do
   echo "== tests: $variant"
   ctest --test-dir "$variant" -j"$jobs" --output-on-failure || status=1
 done
+
+# The fuzz targets, a few seconds each, so that they keep building and running.
+echo "== fuzz targets"
+bash fuzz/run.sh "${CORVANE_FUZZ_SECONDS:-5}" || status=1
 exit $status
