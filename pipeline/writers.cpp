@@ -1,4 +1,8 @@
 // The Evolution import line, the audit trail and the exception files.
+#include <charconv>
+#include <cmath>
+#include <optional>
+
 #include "pipeline/dispatch.hpp"
 #include "pipeline/time_import.hpp"
 #include "pipeline/translator.hpp"
@@ -15,6 +19,50 @@ namespace {
 double DropTestNumber(const std::string& formatted) {
   if (formatted.empty()) return 0.0;
   return Value(formatted).ToNumber();
+}
+
+// Whether a figure counts as zero in the empty-record test: its ".00" picture is zero. Plain
+// cases are told from the number itself; anything near a rounding edge, and text that is no
+// number, takes the picture.
+bool RoundsToZero(const Value& figure) {
+  std::optional<double> number;
+  if (figure.IsBlank()) return true;
+  if (figure.IsNumber()) {
+    number = figure.number();
+  } else if (figure.text().empty()) {
+    return true;
+  } else {
+    number = NumericValue(figure.text());
+  }
+  if (number) {
+    const double size = std::fabs(*number);
+    if (size == 0.0) return true;
+    if (size >= 0.01) return false;
+  }
+  return DropTestNumber(Format(figure, ".00")) == 0.0;
+}
+
+// The employee number of the audit line, by the picture "######": a whole number, or a text
+// of digits alone, prints its digits without leading zeros; anything else takes the picture.
+void AppendAuditNumber(std::string& out, const Value& number) {
+  if (number.IsText()) {
+    const std::string& text = number.text();
+    const std::size_t first = text.find_first_not_of('0');
+    if (first != std::string::npos && text.size() <= 15 &&
+        text.find_first_not_of("0123456789") == std::string::npos) {
+      out.append(text, first);
+      return;
+    }
+  } else if (number.IsNumber()) {
+    const double x = number.number();
+    if (x >= 1.0 && x < 1e15 && x == std::floor(x)) {
+      char digits[24];
+      const auto end = std::to_chars(digits, digits + sizeof digits, static_cast<long long>(x));
+      out.append(digits, end.ptr);
+      return;
+    }
+  }
+  out += Format(number, "######");
 }
 
 TextStream& Stream(std::unique_ptr<TextStream>& stream) {
@@ -102,9 +150,10 @@ void frmTimeImport::BuildLine(bool other) {
 bool frmTimeImport::KeepRecord(bool x_passes) {
   ImportRecord& r = ImportRec;
   if (!x_passes && UCase(Trim(r.Earning_Code)) == "X") return false;
-  const double hours = DropTestNumber(Format(r.Hours, ".00"));
-  const double amount = DropTestNumber(Format(Value(r.Amount), ".00"));
-  if (hours == 0.0 && amount == 0.0) return false;
+  // both figures are always tested: a text that is no number raises in either
+  const bool no_hours = RoundsToZero(r.Hours);
+  const bool no_amount = RoundsToZero(Value(r.Amount));
+  if (no_hours && no_amount) return false;
   // Shift 1 is the default and is not sent.
   const std::string shift = Trim(r.Shift);
   if (shift == "0" || shift == "00" || shift == "1") r.Shift = "";
@@ -134,7 +183,7 @@ void frmTimeImport::WriteAuditRec() {
   const ImportRecord& r = ImportRec;
   std::string& b = line_;
   b = "Emp_no: ";
-  b += Format(r.Employee_no, "######");
+  AppendAuditNumber(b, r.Employee_no);
   b += ", Emp_Name: ";
   r.Employee_Name.AppendTo(b);
   b += ", Dept: ";

@@ -177,22 +177,33 @@ void InputFile::ReadField(std::string& text, bool& quoted) {
     // lets the field run to the end of the data.
     quoted = true;
     ++pos_;
-    for (c = Next(); c != -1 && c != '"'; c = Next()) text.push_back(static_cast<char>(c));
-    if (c == '"') SkipToFieldEnd();
+    if (TakeField(text, true) == '"') SkipToFieldEnd();
     return;
   }
 
-  for (c = Next(); c != -1; c = Next()) {
-    if (c == ',') break;
-    if (IsLineEnd(c)) {
-      ConsumeLineEnd(c);
-      break;
-    }
-    text.push_back(static_cast<char>(c));
-  }
+  c = TakeField(text, false);
+  if (IsLineEnd(c)) ConsumeLineEnd(c);
   std::size_t keep = text.size();
   while (keep > 0 && IsBlank(static_cast<unsigned char>(text[keep - 1]))) --keep;
   text.resize(keep);
+}
+
+int InputFile::TakeField(std::string& text, bool quoted) {
+  const bool text_mode = mode_ == OpenMode::Text;
+  // a quoted field ends at its closing quote, a plain one at a comma or a line end
+  const auto ends = [quoted](char ch) {
+    return quoted ? ch == '"' : ch == ',' || ch == '\r' || ch == '\n';
+  };
+  for (;;) {
+    if (pos_ == end_ && !Fill()) return -1;
+    const char* const begin = buffer_.data() + pos_;
+    const char* const stop = buffer_.data() + end_;
+    const char* p = begin;
+    while (p != stop && !ends(*p) && !(text_mode && *p == kCtrlZ)) ++p;
+    text.append(begin, p);
+    pos_ += static_cast<std::size_t>(p - begin);
+    if (p != stop) return Next();  // Next sees a Ctrl-Z as the end of data
+  }
 }
 
 void InputFile::Input(Value& into) {

@@ -64,6 +64,10 @@ class InputFile {
   void RequireOpen() const;
   // After a consumed CR or LF: takes the LF of a CR LF pair.
   void ConsumeLineEnd(int c);
+  // Appends to text the field's characters up to its end (the closing quote of a quoted
+  // field; a comma or line end of a plain one), then consumes that byte and returns it; -1
+  // at the end of data.
+  int TakeField(std::string& text, bool quoted);
   // Passes over the rest of a field, its terminator included.
   void SkipToFieldEnd();
 

@@ -106,6 +106,40 @@ TEST_F(Writers, EmptyRecordsAreDroppedWithoutTrace) {
   EXPECT_EQ(Audit(), "");
 }
 
+TEST_F(Writers, FiguresAtTheRoundingEdgeOfTheEmptyRecordTest) {
+  // 0.005 rounds up to .01 and is kept; 0.0049 and its text round to .00 and are dropped;
+  // a tiny negative amount rounds to zero too.
+  ImportRecord& r = F.ImportRec;
+  r.Amount = "";
+  r.Hours = 0.005;
+  F.WriteOutputRec();
+  r.Hours = "0.0049";
+  F.WriteOutputRec();
+  r.Hours = 0.0049;
+  F.WriteOutputRec();
+  r.Hours = "";
+  r.Amount = "-0.004";
+  F.WriteOutputRec();
+  r.Amount = "$0.01";
+  F.WriteOutputRec();
+  EXPECT_EQ(F.RecCount, 2);
+  EXPECT_EQ(Output(),
+            "\"1001\",\"Ann Lee\",10,,,E,2,,0.005,,,,,,,1,,,,,,,,,,,,,\r\n"
+            "\"1001\",\"Ann Lee\",10,,,E,2,,,,,,,,$0.01,1,,,,,,,,,,,,,\r\n");
+}
+
+TEST_F(Writers, AuditNumberDropsLeadingZerosAndRoundsByItsPicture) {
+  ImportRecord& r = F.ImportRec;
+  for (const Value& number :
+       {Value("001001"), Value(1001), Value(7.5), Value("0000"), Value("12a"), Value(-5)}) {
+    r.Employee_no = number;
+    F.WriteOutputRec();
+  }
+  const std::string rest = ", Emp_Name: Ann Lee, Dept: 10, Shift: \r\n E2 - 8.5 Hours\r\n";
+  EXPECT_EQ(Audit(), "Emp_no: 1001" + rest + "Emp_no: 1001" + rest + "Emp_no: 8" + rest +
+                         "Emp_no: " + rest + "Emp_no: 12a" + rest + "Emp_no: -5" + rest);
+}
+
 TEST_F(Writers, AuditSaysHoursWhenHoursCompareAboveEmptyText) {
   ImportRecord& r = F.ImportRec;
   r.Hours = "0.00";  // text: above "" although zero
