@@ -1,0 +1,267 @@
+// The main window: start and exit, the format's boxes, the D-or-E rule, and a whole run.
+#include <QApplication>
+#include <QCheckBox>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+
+#include "gui/side_forms.hpp"
+#include "gui_harness.hpp"
+
+namespace corvane::gui::test {
+
+namespace {
+
+QString Text(TimeImportWindow& w, Ctl c) {
+  if (auto* label = qobject_cast<QLabel*>(w.Widget(c))) return label->text();
+  if (auto* edit = qobject_cast<QLineEdit*>(w.Widget(c))) return edit->text();
+  if (auto* button = qobject_cast<QAbstractButton*>(w.Widget(c))) return button->text();
+  return {};
+}
+
+bool Shown(TimeImportWindow& w, Ctl c) {
+  return w.Widget(c)->isVisibleTo(&w);
+}
+
+QStringList Entries(QWidget* list_widget) {
+  auto* list = static_cast<QListWidget*>(list_widget);
+  QStringList out;
+  for (int i = 0; i < list->count(); ++i) {
+    if (!list->item(i)->isHidden()) out << list->item(i)->text();
+  }
+  return out;
+}
+
+void Touch(const QString& path) {
+  QFile file(path);
+  QVERIFY(file.open(QIODevice::WriteOnly));
+}
+
+// The lines of a file ended by CR LF; a last line without one counts as well.
+int CrLfLines(const QByteArray& bytes) {
+  return static_cast<int>(bytes.count("\r\n"));
+}
+
+}  // namespace
+
+class WindowTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  // First start: no settings yet, so the factory state and the note that the file will be
+  // made; the title carries the version.
+  void firstStartComesUpInTheFactoryState() {
+    Session s;
+    Operator op;
+    auto w = s.Open(op);
+    QCOMPARE(op.seen.size(), std::size_t{1});
+    QCOMPARE(op.seen[0].title, QStringLiteral("Corvane"));
+    QVERIFY(op.seen[0].text.startsWith(
+        QStringLiteral("Unable to locate a file to store your default settings.\n\n")));
+    QVERIFY(op.seen[0].text.endsWith(QStringLiteral("called: Corvane_Control.dat")));
+    QCOMPARE(op.seen[0].buttons, QStringList{QStringLiteral("OK")});
+    QCOMPARE(w->windowTitle(), QStringLiteral("Corvane Import Manager - v0.1"));
+    QCOMPARE(Text(*w, CoNum), QStringLiteral("123"));
+    QCOMPARE(Text(*w, txtReg), QStringLiteral("2"));
+    QCOMPARE(static_cast<QListWidget*>(w->Widget(PickTC))->currentRow(), 0);
+    QCOMPARE(static_cast<QListWidget*>(w->Widget(PickTC))->count(), 188);
+    QVERIFY(!Shown(*w, ShowSample));
+  }
+
+  // "Access" shows nine groups, six of them under its own labels, hides the rest, and the
+  // file list shows only what its pattern lets through.
+  void choosingAFormatShowsAndLabelsItsBoxes() {
+    Session s;
+    Touch(s.Home() + "/week.csv");
+    Touch(s.Home() + "/notes.CSV");
+    Touch(s.Home() + "/week.txt");
+    Operator op;
+    auto w = s.Open(op);
+    ChooseTimeClock(*w, QStringLiteral("Access"));
+    QCOMPARE(Entries(w->Widget(PickTC)), QStringList{QStringLiteral("Access")});
+    QCOMPARE(w->Form().ChosenTC, std::string("Access"));
+
+    const std::pair<Ctl, const char*> shown[] = {
+        {lblReg, "Reg"},   {lblOT, "OT"},       {lblDbl, "Salary"},
+        {lblTips, "CTO"},  {lblSales, "Bonus"}, {lblHol, "Hol"},
+        {lblMisc, "Cell"}, {lblDisb, "Mile"},   {lblAbs, "Other"}};
+    for (auto [label, caption] : shown) {
+      QCOMPARE(Text(*w, label), QString::fromLatin1(caption));
+      QVERIFY2(Shown(*w, label), caption);
+      const CategoryBoxes* boxes = nullptr;
+      for (int i = 0; i < kCategoryCount; ++i) {
+        if (Boxes(static_cast<Cat>(i)).label == label) boxes = &Boxes(static_cast<Cat>(i));
+      }
+      QVERIFY(Shown(*w, boxes->de) && Shown(*w, boxes->code));
+      // a box under another label than its own has the label as its tool tip
+      if (label != lblReg && label != lblOT && label != lblHol) {
+        QCOMPARE(w->Widget(boxes->code)->toolTip(), QString::fromLatin1(caption));
+      }
+    }
+    for (Ctl hidden : {lblWaitReg, txtWaitReg, txtCCtip, lbl15, txt15DE, txtAdjH, txtMinWage,
+                       cmdAssEcodes, cmdTM, cmdKv8, lblUnavailable}) {
+      QVERIFY2(!Shown(*w, hidden), Screen::NameOf(hidden).data());
+    }
+    QVERIFY(Shown(*w, chkSupEE));
+    QCOMPARE(Entries(w->Widget(filInput)),
+             (QStringList{QStringLiteral("notes.CSV"), QStringLiteral("week.csv")}));
+
+    // A part of a name finds every clock holding it, in list order.
+    TypeInto(w->PickTCFilter(), QStringLiteral("kronos v8"));
+    QCOMPARE(Entries(w->Widget(PickTC)),
+             (QStringList{QStringLiteral("Kronos v8"), QStringLiteral("Kronos v8D")}));
+    QCOMPARE(op.seen.size(), std::size_t{1});  // only the first start's note
+  }
+
+  // The rule runs as the operator leaves a D-or-E box, and three boxes are exempt from it.
+  void deOrEBoxesCheckThemselvesOnLeaving() {
+    Session s;
+    Operator op;
+    auto w = s.Open(op);
+    ChooseTimeClock(*w, QStringLiteral("Aloha v6"));  // shows Reg, OT, Hol and txt15
+    op.seen.clear();
+    auto leave = [&w](Ctl box, const QString& typed) {
+      // the window has the focus back after a message, as the desktop gives it back
+      QApplication::setActiveWindow(w.get());
+      TypeInto(w->Widget(box), typed);
+      w->Widget(CoNum)->setFocus(Qt::TabFocusReason);
+      QApplication::processEvents();
+    };
+
+    leave(txtRegDE, QStringLiteral("x"));
+    QCOMPARE(op.seen.size(), std::size_t{1});
+    QCOMPARE(op.seen[0].title, QStringLiteral("Corvane"));
+    QCOMPARE(op.seen[0].text,
+             QStringLiteral("Please enter E for Earnings, D for Deductions, H, M or S."));
+    QCOMPARE(op.seen[0].buttons, QStringList{QStringLiteral("OK")});
+    QCOMPARE(Text(*w, txtRegDE), QStringLiteral("E"));
+    QCOMPARE(w->Form().S.DE(Cat::Reg), std::string("E"));
+
+    leave(txtOTDE, QStringLiteral("h"));  // accepted, in capitals
+    QCOMPARE(Text(*w, txtOTDE), QStringLiteral("H"));
+    leave(txtHolDE, QStringLiteral("x"));  // no check at all
+    QCOMPARE(Text(*w, txtHolDE), QStringLiteral("x"));
+    QCOMPARE(w->Form().S.DE(Cat::Hol), std::string("x"));
+    QCOMPARE(op.seen.size(), std::size_t{1});
+
+    leave(txt15DE, QString());  // an empty box is wrong too
+    QCOMPARE(op.seen.size(), std::size_t{2});
+    QCOMPARE(Text(*w, txt15DE), QStringLiteral("E"));
+  }
+
+  // The bundled "Access" export from the pickers to the report, and the screen as it was at
+  // the next start.
+  void wholeRunThroughTheWindow() {
+    Session s;
+    QVERIFY(QFile::copy(QStringLiteral(CORVANE_EXAMPLES "/access.csv"), s.Home() + "/access.csv"));
+    QVERIFY(QDir(s.Home()).mkdir(QStringLiteral("out")));
+    const QString out = s.Home() + "/out";
+    {
+      Operator op;
+      auto w = s.Open(op);
+      op.seen.clear();
+      ChooseTimeClock(*w, QStringLiteral("Access"));
+      auto* files = static_cast<QListWidget*>(w->Widget(filInput));
+      QCOMPARE(Entries(files), QStringList{QStringLiteral("access.csv")});
+      QTest::mouseClick(files->viewport(), Qt::LeftButton, {},
+                        files->visualItemRect(files->item(0)).center());
+      QCOMPARE(Text(*w, CorvaneInputFile), s.Home() + "/access.csv");
+      // the output folder by the folder list: a double click goes into "out"
+      auto* folders = static_cast<QListWidget*>(w->Widget(dirOutput));
+      const QList<QListWidgetItem*> found =
+          folders->findItems(QStringLiteral("out"), Qt::MatchExactly);
+      QCOMPARE(found.size(), 1);
+      // a double click arrives as a click and then the second press
+      const QPoint at = folders->visualItemRect(found.front()).center();
+      QTest::mouseClick(folders->viewport(), Qt::LeftButton, {}, at);
+      QTest::mouseDClick(folders->viewport(), Qt::LeftButton, {}, at);
+      QCOMPARE(Text(*w, CorvaneOutputPath), out);
+      TypeInto(w->Widget(CoNum), QStringLiteral("123"));
+
+      Click(w->Widget(cmdInterface));
+      // eight employees; 25 categories with a value among them
+      QCOMPARE(op.seen.size(), std::size_t{1});
+      const Seen& report = op.seen.back();
+      QCOMPARE(report.title, QStringLiteral("Corvane"));
+      QVERIFY(report.text.startsWith(QStringLiteral("Import from Access Complete.\n\n")));
+      QVERIFY(report.text.contains(QStringLiteral("\n8 Access records processed.\n")));
+      QVERIFY(report.text.contains(QStringLiteral("\n25 Evolution records created.\n")));
+      QVERIFY(report.text.contains(out + "/123_ta.txt"));
+      QVERIFY(report.text.contains(out + "/Corvane_Audit_123.txt"));
+      QCOMPARE(CrLfLines(Contents(out + "/123_ta.txt")), 25);
+      QVERIFY(!Contents(out + "/Corvane_Audit_123.txt").isEmpty());
+      QVERIFY(QApplication::overrideCursor() == nullptr);  // the hourglass is gone
+
+      w->close();
+    }
+    const QByteArray control = Contents(s.Settings() + "/Corvane_Control.dat");
+    QCOMPARE(CrLfLines(control), 102);
+    QVERIFY(control.startsWith(QByteArray("1") + QByteArray(59, ' ') + "\r\n"));
+
+    // The next start shows the screen as it was left, with no message.
+    Operator op;
+    auto w = s.Open(op);
+    QCOMPARE(op.seen.size(), std::size_t{0});
+    QCOMPARE(static_cast<QListWidget*>(w->Widget(PickTC))->currentItem()->text(),
+             QStringLiteral("Access"));
+    QCOMPARE(Text(*w, lblDbl), QStringLiteral("Salary"));
+    QCOMPARE(Text(*w, CorvaneOutputPath), out);
+    QCOMPARE(Text(*w, CorvaneInputFile), s.Home() + "/access.csv");
+  }
+
+  // File/Exit leaves by the exit path: the side forms close and the screen is stored.
+  void exitStoresTheScreenAndClosesTheForms() {
+    Session s;
+    Operator op;
+    auto w = s.Open(op);
+    TypeInto(w->Widget(CoNum), QStringLiteral("4711"));
+    ChooseTimeClock(*w, QStringLiteral("ADI"));  // a clock whose codes come from the grid
+    Click(w->Widget(cmdAssEcodes));
+    QVERIFY(w->ECode().isVisible());
+    w->ExitAction()->trigger();
+    QVERIFY(!w->isVisible());
+    QVERIFY(!w->ECode().isVisible());
+    const QByteArray control = Contents(s.Settings() + "/Corvane_Control.dat");
+    QCOMPARE(control.split('\n').value(3), QByteArray("4711") + QByteArray(56, ' ') + "\r");
+    // the grid was not saved: only its Save writes the earning codes
+    QVERIFY(Contents(s.Settings() + "/TimeImport_EarnCodes.dat").isEmpty());
+  }
+
+  // The answers come back as the button clicked, and a cancelled input box gives "".
+  void dialogsAnswerWhatWasClicked() {
+    QtOperator ui(nullptr, nullptr);
+    Operator op({QStringLiteral("No"), QStringLiteral("Retry"), QStringLiteral("0042")});
+    QCOMPARE(ui.MsgBox("Overwrite?\rThe file exists.", MsgButtons::YesNoCancel, "Corvane"),
+             MsgAnswer::No);
+    QCOMPARE(op.seen[0].text, QStringLiteral("Overwrite?\nThe file exists."));
+    QCOMPARE(op.seen[0].buttons, (QStringList{"Yes", "No", "Cancel"}));
+    QCOMPARE(ui.MsgBox("Locked.", MsgButtons::RetryCancel, "Corvane"), MsgAnswer::Retry);
+    QCOMPARE(ui.InputBox("Store number?", "Location", "0001"), std::string("0042"));
+    QCOMPARE(op.seen[2].kind, QStringLiteral("input"));
+    QCOMPARE(op.seen[2].title, QStringLiteral("Location"));
+    QCOMPARE(op.seen[2].text, QStringLiteral("Store number?"));
+    QCOMPARE(op.seen[2].default_text, QStringLiteral("0001"));
+    op.Answer(kCancel);
+    QCOMPARE(ui.InputBox("Store number?", "Location", "0001").size(), std::size_t{0});
+  }
+
+  void aboutBoxShowsTitleAndVersion() {
+    AboutBox about(nullptr);
+    QCOMPARE(about.windowTitle(), QStringLiteral("About Corvane"));
+    QCOMPARE(about.Title()->text(), QStringLiteral("Corvane"));
+    QCOMPARE(about.Version()->text(), QStringLiteral("Version 0.1.0"));
+  }
+};
+
+}  // namespace corvane::gui::test
+
+int RunWindowTests(int argc, char** argv) {
+  corvane::gui::test::WindowTest t;
+  return QTest::qExec(&t, argc, argv);
+}
+
+#include "test_window.moc"
