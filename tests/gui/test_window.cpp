@@ -231,6 +231,34 @@ class WindowTest : public QObject {
     QVERIFY(Contents(s.Settings() + "/TimeImport_EarnCodes.dat").isEmpty());
   }
 
+  // "Lookup" keeps a store's codes: an unknown store is added with the screen's codes, the
+  // exit saves the table, and a lookup in a later session brings them back.
+  void lookupKeepsTheCodesOfAStore() {
+    Session s;
+    {
+      Operator op;
+      auto w = s.Open(op);
+      ChooseTimeClock(*w, QStringLiteral("AccroPrint v2.0"));  // shows the location group
+      TypeInto(w->Widget(LocNum), QStringLiteral("7"));
+      TypeInto(w->Widget(txtReg), QStringLiteral("R7"));
+      Click(w->Widget(cmdLookup));
+      QCOMPARE(Text(*w, txtReg), QStringLiteral("R7"));  // unknown: the screen is kept
+      w->ExitAction()->trigger();
+    }
+    QVERIFY(Contents(s.Settings() + "/LocFile.dat").startsWith("7,ER7,E3,"));
+
+    // The store number is not kept from one session to the next; its codes are.
+    Operator op;
+    auto w = s.Open(op);
+    QCOMPARE(Text(*w, LocNum), QString());
+    TypeInto(w->Widget(LocNum), QStringLiteral("8"));
+    TypeInto(w->Widget(txtReg), QStringLiteral("R8"));
+    Click(w->Widget(cmdLookup));
+    TypeInto(w->Widget(LocNum), QStringLiteral("7"));
+    Click(w->Widget(cmdLookup));
+    QCOMPARE(Text(*w, txtReg), QStringLiteral("R7"));
+  }
+
   // The answers come back as the button clicked, and a cancelled input box gives "".
   void dialogsAnswerWhatWasClicked() {
     QtOperator ui(nullptr, nullptr);
