@@ -43,6 +43,26 @@ void ShowFrame(QGroupBox* frame, const Control& model) {
   frame->setVisible(model.visible);
 }
 
+// The Save and Cancel buttons at the foot of a customisation form; each runs its handler as an
+// event of the main window.
+template <class Form>
+void AddSaveCancel(QWidget* parent, QVBoxLayout* v, TimeImportWindow& main,
+                   Form frmTimeImport::*form, QPushButton*& save, QPushButton*& cancel) {
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  save = Button(parent, (main.Form().*form).cmdClose);
+  cancel = Button(parent, (main.Form().*form).cmdCancel);
+  buttons->addWidget(save);
+  buttons->addWidget(cancel);
+  v->addLayout(buttons);
+  QObject::connect(save, &QPushButton::clicked, parent, [&main, form] {
+    main.Event([&main, form] { (main.Form().*form).cmdClose_Click(); });
+  });
+  QObject::connect(cancel, &QPushButton::clicked, parent, [&main, form] {
+    main.Event([&main, form] { (main.Form().*form).cmdCancel_Click(); });
+  });
+}
+
 }  // namespace
 
 // --- frmECode ------------------------------------------------------------------------------
@@ -219,17 +239,7 @@ Kv8Window::Kv8Window(TimeImportWindow& main)
             [this, n] { main_.Event([this, n] { main_.Form().Kv8.List_DblClick(n); }); });
   }
   v->addLayout(grid);
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
-  save_ = Button(this, form.cmdClose);
-  cancel_ = Button(this, form.cmdCancel);
-  buttons->addWidget(save_);
-  buttons->addWidget(cancel_);
-  v->addLayout(buttons);
-  connect(save_, &QPushButton::clicked, this,
-          [this] { main_.Event([this] { main_.Form().Kv8.cmdClose_Click(); }); });
-  connect(cancel_, &QPushButton::clicked, this,
-          [this] { main_.Event([this] { main_.Form().Kv8.cmdCancel_Click(); }); });
+  AddSaveCancel(this, v, main_, &frmTimeImport::Kv8, save_, cancel_);
 }
 
 void Kv8Window::ShowModel() {
@@ -281,7 +291,6 @@ TMdeptWindow::TMdeptWindow(TimeImportWindow& main)
       choices_(this, main.Form().TMdept, main.Form().TMdept.DeptFrame) {
   setObjectName(QStringLiteral("frmTMdept"));
   setModal(false);
-  frmTMdept& form = main_.Form().TMdept;
   auto* v = new QVBoxLayout(this);
   title_ = BoldLabel(this);
   v->addWidget(title_);
@@ -316,17 +325,7 @@ TMdeptWindow::TMdeptWindow(TimeImportWindow& main)
     }
   }
   v->addLayout(grid);
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
-  save_ = Button(this, form.cmdClose);
-  cancel_ = Button(this, form.cmdCancel);
-  buttons->addWidget(save_);
-  buttons->addWidget(cancel_);
-  v->addLayout(buttons);
-  connect(save_, &QPushButton::clicked, this,
-          [this] { main_.Event([this] { main_.Form().TMdept.cmdClose_Click(); }); });
-  connect(cancel_, &QPushButton::clicked, this,
-          [this] { main_.Event([this] { main_.Form().TMdept.cmdCancel_Click(); }); });
+  AddSaveCancel(this, v, main_, &frmTimeImport::TMdept, save_, cancel_);
 }
 
 void TMdeptWindow::ShowModel() {
