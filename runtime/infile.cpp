@@ -24,6 +24,12 @@ bool IsLineEnd(int c) {
   return c == '\r' || c == '\n';
 }
 
+// The first `byte` in [begin, end), or end when there is none.
+const char* FindByte(const char* begin, const char* end, char byte) {
+  const void* at = std::memchr(begin, byte, static_cast<std::size_t>(end - begin));
+  return at != nullptr ? static_cast<const char*>(at) : end;
+}
+
 }  // namespace
 
 InputFile::InputFile() = default;
@@ -125,8 +131,12 @@ void InputFile::LineInput(std::string& line) {
   for (;;) {
     const char* const begin = buffer_.data() + pos_;
     const char* const stop = buffer_.data() + end_;
-    const char* p = begin;
-    while (p != stop && *p != '\r' && *p != '\n' && !(text_mode && *p == kCtrlZ)) ++p;
+    // the first line end, or in text mode a Ctrl-Z before it; each search stops where the
+    // one before found something
+    const char* p = stop;
+    p = FindByte(begin, p, '\n');
+    p = FindByte(begin, p, '\r');
+    if (text_mode) p = FindByte(begin, p, static_cast<char>(kCtrlZ));
     line.append(begin, p);
     pos_ += static_cast<std::size_t>(p - begin);
     if (p != stop) {

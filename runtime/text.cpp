@@ -161,6 +161,12 @@ std::vector<std::string> Split(TextArg t, TextArg delimiter) {
     parts.emplace_back(s);
     return parts;
   }
+  // one allocation for the list: count the pieces first
+  std::size_t count = 1;
+  for (std::size_t at = s.find(d); at != std::string_view::npos; at = s.find(d, at + d.size())) {
+    ++count;
+  }
+  parts.reserve(count);
   std::size_t pos = 0;
   while (true) {
     std::size_t at = s.find(d, pos);

@@ -115,10 +115,41 @@ class CharBuf {
   char* data_ = local_;
 };
 
+// The common figure, "[-]digits[.digits]" with 15 digits at most and no exponent: its
+// digits and its power of ten are both exact in a double, so one division gives the correctly
+// rounded value. False for anything else.
+bool ConvertShortDecimal(const char* buf, std::size_t n, double& out) {
+  static constexpr double kPow10[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                      1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  std::size_t i = 0;
+  const bool negative = n > 0 && buf[0] == '-';
+  if (negative) ++i;
+  std::uint64_t digits = 0;
+  int count = 0;
+  int places = -1;  // digits after the point; -1 before it
+  for (; i < n; ++i) {
+    const char c = buf[i];
+    if (c == '.' && places < 0) {
+      places = 0;
+    } else if (IsDigit(c) && count < 15) {
+      digits = digits * 10 + static_cast<std::uint64_t>(c - '0');
+      ++count;
+      if (places >= 0) ++places;
+    } else {
+      return false;
+    }
+  }
+  if (count == 0) return false;
+  const double value = static_cast<double>(digits) / kPow10[places < 0 ? 0 : places];
+  out = negative ? -value : value;
+  return true;
+}
+
 // Converts a decimal "[-]digits[.digits][e[-]digits]" held in buf[0, n) (either side of
 // the point may be empty, not both); the caller has checked the grammar. A result too
 // large for a double is Overflow; one too small is 0.
 NumStatus ConvertCanonical(const char* buf, std::size_t n, double& out) {
+  if (ConvertShortDecimal(buf, n, out)) return NumStatus::Ok;
   double value = 0.0;
   auto r = std::from_chars(buf, buf + n, value, std::chars_format::general);
   if (r.ec == std::errc()) {
@@ -360,19 +391,9 @@ std::string Value::str() const {
   return std::string();
 }
 
-void Value::AppendTo(std::string& out) const {
-  switch (kind_) {
-    case Kind::Blank:
-      return;
-    case Kind::Text:
-      out.append(text_);
-      return;
-    case Kind::Number: {
-      char buf[kNumberBuf];
-      out.append(buf, PrintNumberTo(number_, buf));
-      return;
-    }
-  }
+void Value::AppendNumber(std::string& out) const {
+  char buf[kNumberBuf];
+  out.append(buf, PrintNumberTo(number_, buf));
 }
 
 bool IsNumeric(std::string_view text) {

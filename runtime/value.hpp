@@ -36,7 +36,13 @@ class Value {
   // The printed form: a number as a person writes it ("40", "8.5", "0.5"), blank as "".
   std::string str() const;
   // Appends the printed form to out.
-  void AppendTo(std::string& out) const;
+  void AppendTo(std::string& out) const {
+    if (kind_ == Kind::Text) {
+      out.append(text_);
+    } else if (kind_ == Kind::Number) {
+      AppendNumber(out);
+    }
+  }
 
   // Numbers are numeric; text by the IsNumeric rule; blank is not.
   bool IsNumeric() const;
@@ -44,6 +50,8 @@ class Value {
   double ToNumber() const;
 
  private:
+  void AppendNumber(std::string& out) const;
+
   Kind kind_ = Kind::Blank;
   double number_ = 0.0;
   std::string text_;

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <optional>
 #include <random>
 #include <string>
 
@@ -430,6 +431,28 @@ TEST(ValueInteger, ThirtyTwoBit) {
   EXPECT_EQ(ErrorOf([] { ToLong(Value(kNaN)); }), 6);
   EXPECT_EQ(ErrorOf([] { ToLong(Value("x")); }), 13);
   EXPECT_EQ(ToLong(Value("&HFF")), 255);
+}
+
+TEST(NumericText, ShortDecimalsAreTheCorrectlyRoundedDouble) {
+  // Figures of up to 15 digits take a short road; it must land on the very double that a
+  // full decimal conversion gives, whatever the places, the sign and the leading zeros.
+  std::mt19937_64 random(20261122);
+  for (int n = 0; n < 200000; ++n) {
+    const int digits = 1 + static_cast<int>(random() % 16);  // 16 takes the long road
+    std::string text = random() % 4 == 0 ? "-" : "";
+    const int point = static_cast<int>(random() % static_cast<unsigned>(digits + 1));
+    for (int d = 0; d < digits; ++d) {
+      if (d == point) text += '.';
+      text += static_cast<char>('0' + random() % 10);
+    }
+    double expected = 0;
+    std::from_chars(text.data(), text.data() + text.size(), expected);
+    const std::optional<double> got = NumericValue(text);
+    ASSERT_TRUE(got.has_value()) << text;
+    ASSERT_EQ(std::memcmp(&*got, &expected, sizeof expected), 0) << text;
+    const Value field = FieldValue(text, false);
+    ASSERT_EQ(field.number(), expected) << text;
+  }
 }
 
 }  // namespace
