@@ -28,10 +28,6 @@ bool BelowMinWage(const frmTimeImport& F, const Value& rate) {
   return Below(rate, Value(F.S[txtMinWage].text));
 }
 
-bool StartsWith(std::string_view line, std::string_view start) {
-  return line.substr(0, start.size()) == start;
-}
-
 // Field n (from 1) of a line split at commas. A field the line does not have is out of range.
 const std::string& SplitField(const std::vector<std::string>& fields, long n) {
   if (n < 1 || n > static_cast<long>(fields.size())) Raise(kSubscriptOutOfRange);
@@ -240,12 +236,12 @@ void Alohav6542(frmTimeImport& F) {
   in.LineInput(F.InRec);
   do {
     in.LineInput(F.InRec);
-    if (StartsWith(F.InRec, "***  ")) {
+    if (F.InRec.starts_with("***  ")) {
       Alohav6542_Employee(F);
-    } else if (StartsWith(F.InRec, "Total")) {
+    } else if (F.InRec.starts_with("Total")) {
       Alohav6542_Job(F);
     }
-  } while (!StartsWith(F.InRec, "TOTALS:"));
+  } while (!F.InRec.starts_with("TOTALS:"));
 }
 
 // ---------------------------------------------------------------------------------------
@@ -534,12 +530,12 @@ void Alohav6738_ClosingLine(Alohav6738_Walk& w) {
 // A line with no flag set: told by its first three characters.
 void Alohav6738_PlainLine(Alohav6738_Walk& w, const std::string& line) {
   if (Trim(Replace(line, ",", "")).empty()) return;
-  if (StartsWith(line, "Emp")) return;  // heading line
-  if (StartsWith(line, "***")) {
+  if (line.starts_with("Emp")) return;  // heading line
+  if (line.starts_with("***")) {
     Alohav6738_MarkerLine(w, line);
-  } else if (StartsWith(line, "Tot")) {
+  } else if (line.starts_with("Tot")) {
     Alohav6738_TotalLine(w, line);
-  } else if (StartsWith(line, "TTL")) {
+  } else if (line.starts_with("TTL")) {
     w.after_ttl = true;
   }
 }

@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "pipeline/time_import.hpp"
 #include "pipeline/translator.hpp"
@@ -82,18 +83,12 @@ constexpr std::pair<const char*, Cat> kADPas400Codes[] = {
     {"P", Cat::e20}, {"H", Cat::e21}, {"O", Cat::e22}, {"BN", Cat::e23}, {"C", Cat::e24},
 };
 
-// Cuts the line at its commas into the stores, each trimmed; the last field is the rest of
-// the line, and columns past the eleventh are ignored.
+// Cuts the line at its commas into the stores, each trimmed; columns past the eleventh are
+// ignored.
 void ADPas400_Split(const std::string& line, ADPas400Fields& in) {
-  const long fields = static_cast<long>(std::count(line.begin(), line.end(), ',')) + 1;
-  const long stores = std::min<long>(fields, AS400_Columns);
-  std::size_t start = 0;
-  for (long k = 0; k < stores; ++k) {
-    const std::size_t comma = line.find(',', start);
-    const std::size_t end = comma == std::string::npos ? line.size() : comma;
-    in.AS400_F[k] = Trim(std::string_view(line).substr(start, end - start));
-    start = end + 1;
-  }
+  const std::vector<std::string> fields = Split(line, ",");
+  const std::size_t stores = std::min<std::size_t>(fields.size(), AS400_Columns);
+  for (std::size_t k = 0; k < stores; ++k) in.AS400_F[k] = Trim(fields[k]);
 }
 
 // A code column with its amount: an unknown code keeps the category of the line before.
