@@ -31,6 +31,17 @@ QLabel* BoldLabel(QWidget* parent) {
   return label;
 }
 
+// A side form's window opens or closes as its model's visibility says; an open one comes to
+// the front when shown again.
+void FollowVisibility(QDialog* window, bool visible) {
+  if (visible && !window->isVisible()) {
+    window->show();
+    window->raise();
+  } else if (!visible && window->isVisible()) {
+    window->hide();
+  }
+}
+
 QPushButton* Button(QWidget* parent, const Control& model) {
   auto* button = new QPushButton(Q(model.caption), parent);
   button->setObjectName(Q(model.name));
@@ -157,12 +168,7 @@ void ECodeWindow::ShowModel() {
     }
   }
   showing_ = false;
-  if (form.visible && !isVisible()) {
-    show();
-    raise();
-  } else if (!form.visible && isVisible()) {
-    hide();
-  }
+  FollowVisibility(this, form.visible);
 }
 
 void ECodeWindow::reject() {
@@ -256,12 +262,7 @@ void Kv8Window::ShowModel() {
   ShowControl(form.cmdClose, save_);
   ShowControl(form.cmdCancel, cancel_);
   showing_ = false;
-  if (form.visible && !isVisible()) {
-    show();
-    raise();
-  } else if (!form.visible && isVisible()) {
-    hide();
-  }
+  FollowVisibility(this, form.visible);
 }
 
 void Kv8Window::reject() {
@@ -347,12 +348,7 @@ void TMdeptWindow::ShowModel() {
   ShowControl(form.cmdClose, save_);
   ShowControl(form.cmdCancel, cancel_);
   showing_ = false;
-  if (form.visible && !isVisible()) {
-    show();
-    raise();
-  } else if (!form.visible && isVisible()) {
-    hide();
-  }
+  FollowVisibility(this, form.visible);
 }
 
 void TMdeptWindow::reject() {
