@@ -37,6 +37,13 @@ constexpr std::string_view kLast[] = {"Quinn", "Nolan", "Reyes", "Stone", "Marsh
                                       "Hale",  "Price", "Wells", "Shaw",  "Frost", "Lowe"};
 constexpr std::string_view kJobs[] = {"SERVER", "COOK", "BAR", "HOST", "DISH", "MGR"};
 
+// a number right-aligned in width digits, zero-filled
+std::string Zeros(long number, int width) {
+  char digits[32];
+  std::snprintf(digits, sizeof digits, "%0*ld", width, number);
+  return digits;
+}
+
 class Out {
  public:
   Out() { buffer_.reserve(1 << 20); }
@@ -57,12 +64,7 @@ class Out {
     std::snprintf(digits, sizeof digits, "%ld.%02ld", hundredths / 100, hundredths % 100);
     return *this << std::string_view(digits);
   }
-  // a number right-aligned in width digits, zero-filled
-  Out& Zeros(long number, int width) {
-    char digits[32];
-    std::snprintf(digits, sizeof digits, "%0*ld", width, number);
-    return *this << std::string_view(digits);
-  }
+  Out& Zeros(long number, int width) { return *this << ::Zeros(number, width); }
   void Flush() {
     std::fwrite(buffer_.data(), 1, buffer_.size(), stdout);
     buffer_.clear();
@@ -120,12 +122,6 @@ void Record82(Out& out, const std::string& text) {
   std::string record = text;
   record.resize(80, ' ');
   out << record << "\r\n";
-}
-
-std::string Zeros(long number, int width) {
-  char digits[32];
-  std::snprintf(digits, sizeof digits, "%0*ld", width, number);
-  return digits;
 }
 
 void ADPExtpaydt(Out& out, Random& random, long records) {
