@@ -49,6 +49,21 @@ bool HeadlessOperator::NextAnswer(std::string& answer) {
   return true;
 }
 
+bool HeadlessOperator::DefaultMayRepeat(std::string_view title, std::string_view text,
+                                        std::string_view answer) {
+  constexpr int kMostRepeats = 20;
+  std::string key;
+  key.reserve(title.size() + text.size() + answer.size() + 2);
+  key.append(title).append(1, '\0').append(text).append(1, '\0').append(answer);
+  if (key == last_default_) {
+    ++default_repeats_;
+  } else {
+    last_default_ = std::move(key);
+    default_repeats_ = 1;
+  }
+  return default_repeats_ <= kMostRepeats;
+}
+
 std::string HeadlessOperator::AskTerminal(std::string_view question) {
   std::cerr << question << std::flush;
   std::string line;
@@ -79,6 +94,10 @@ MsgAnswer HeadlessOperator::MsgBox(std::string_view text, MsgButtons buttons,
         throw UsageError("the answer \"" + given + "\" is not one of " + shown);
       }
     } else if (accept_defaults_) {
+      if (!DefaultMayRepeat(title, text, captions.front())) {
+        Record(line.dump());
+        throw Unanswered("the question keeps coming back to its default answer");
+      }
       AnswerFromCaption(buttons, captions.front(), answer);
     } else if (interactive_) {
       while (!AnswerFromCaption(buttons, AskTerminal("(" + shown + ")? "), answer)) {
@@ -103,6 +122,10 @@ std::string HeadlessOperator::InputBox(std::string_view prompt, std::string_view
   std::string answer;
   if (!NextAnswer(answer)) {
     if (accept_defaults_) {
+      if (!DefaultMayRepeat(title, prompt, default_text)) {
+        Record(line.dump());
+        throw Unanswered("the question keeps coming back to its default answer");
+      }
       answer = default_text;
     } else if (interactive_) {
       answer = AskTerminal("> ");

@@ -36,8 +36,14 @@ class HeadlessOperator : public Operator {
   bool NextAnswer(std::string& answer);
   std::string AskTerminal(std::string_view question);
   void Record(const std::string& json_line);
+  // Under --accept-defaults: false once the same question has taken the same default answer
+  // too many times in a row. A question that repeats until its answer is valid would
+  // otherwise go round for ever on a default that is not.
+  bool DefaultMayRepeat(std::string_view title, std::string_view text, std::string_view answer);
 
   std::deque<std::string> answers_;
+  std::string last_default_;  // title, text and answer of the last question answered by default
+  int default_repeats_ = 0;
   bool accept_defaults_;
   std::ostream* transcript_;
   bool interactive_;
