@@ -69,10 +69,10 @@ TEST(Kronosv8Translator, ColumnsByPositionWithTheCompanysCustomisation) {
   for (size_t i = 0; i < answers.size(); ++i) ExpectColumnQuestion(dialogue[i], "6", answers[i]);
   EXPECT_TRUE(IsMessage(dialogue[answers.size()], "Corvane",
                         "Kronos v8 column 3 needs an Earning Code assigned to it.", {"OK"}, "OK"));
-  EXPECT_TRUE(IsMessage(
-      dialogue.back(), "Corvane",
-      Report("Kronos v8", 3, 6, ImportFile123(dir).string(), AuditFile123(dir).string()), {"OK"},
-      "OK"));
+  EXPECT_TRUE(
+      IsMessage(dialogue.back(), "Corvane",
+                Report("Kronos v8", 3, 6, ImportFile123(dir).string(), AuditFile123(dir).string()),
+                {"OK"}, "OK"));
   ExpectFiles(ImportFile123(dir), AuditFile123(dir), "columns");
 }
 

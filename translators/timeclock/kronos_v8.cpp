@@ -125,8 +125,8 @@ void Kronosv8(frmTimeImport& F) {
   for (int j = 1; j <= F.NumHoursColumns; ++j) {
     const Value& figure = in.K8_Column[j];
     if (figure == Value(0)) continue;
-    F.Result = SetEcodes(F.rsECodes->rsECodes, static_cast<std::int16_t>(j), DolHrs, eShift, eSkip,
-                         r);
+    F.Result =
+        SetEcodes(F.rsECodes->rsECodes, static_cast<std::int16_t>(j), DolHrs, eShift, eSkip, r);
     if (eSkip == "Y") continue;
     r.Shift = std::to_string(eShift);
     if (DolHrs == "$") {

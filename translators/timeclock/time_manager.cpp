@@ -231,8 +231,8 @@ void TM_Columns(frmTimeImport& F, const TMFields& in) {
   for (int j = 1; j <= 50; ++j) {
     const std::string& column = in.TM[TM_h1 + j - 1];
     if (Trim(column).empty()) continue;
-    F.Result = SetEcodes(F.rsECodes->rsECodes, static_cast<std::int16_t>(j), DolHrs, eShift, eSkip,
-                         r);
+    F.Result =
+        SetEcodes(F.rsECodes->rsECodes, static_cast<std::int16_t>(j), DolHrs, eShift, eSkip, r);
     if (eSkip == "Y") continue;
     r.Shift = std::to_string(eShift);
     if (DolHrs == "$") {
