@@ -20,6 +20,13 @@ extern const Translator kADPEZLaborTranslator;
 extern const Translator kCostaViewEZLaborTranslator;
 extern const Translator kADPv1123Translator;
 extern const Translator kADSCustomTranslator;
+extern const Translator kKronosv8Translator;
+extern const Translator kKronosV8DTranslator;
+extern const Translator kTMv28Translator;
+extern const Translator kTMv2xTranslator;
+extern const Translator kTMv20Translator;
+extern const Translator kTMv18Translator;
+extern const Translator kTimeManagementSystemsTranslator;
 
 const Translator* FindTranslator(std::string_view name) {
   static const Translator* const kAll[] = {
@@ -41,6 +48,15 @@ const Translator* FindTranslator(std::string_view name) {
       &kCostaViewEZLaborTranslator,
       &kADPv1123Translator,
       &kADSCustomTranslator,
+      // Kronos v8
+      &kKronosv8Translator,
+      &kKronosV8DTranslator,
+      // Time Manager
+      &kTMv28Translator,
+      &kTMv2xTranslator,
+      &kTMv20Translator,
+      &kTMv18Translator,
+      &kTimeManagementSystemsTranslator,
   };
   if (name.empty()) return nullptr;
   for (const Translator* t : kAll) {
