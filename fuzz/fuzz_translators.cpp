@@ -1,6 +1,6 @@
-// Every translator through the dispatch table: the first byte picks a format that has a
-// translator, the rest is its export. The run goes into a scratch folder, and every question
-// takes its default answer.
+// Every translator through the dispatch table: the first byte is the position of a format in
+// the time clock list, the rest is its export. The run goes into a scratch folder, and every
+// question takes its default answer.
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -18,13 +18,24 @@ using namespace corvane;
 
 namespace {
 
-const std::vector<int>& TranslatedEntries() {
+// The time clock list's entries that have a translator, by list position; an entry without
+// one stands for the next entry after it that has one. So a seed's first byte, the position of
+// its format in the list, keeps choosing that format as more translators are written.
+const std::vector<int>& EntryByPosition() {
   static const std::vector<int> entries = [] {
-    std::vector<int> indexes;
-    for (const ClockEntry& clock : DispatchTable()) {
-      if (FindTranslator(clock.translator) != nullptr) indexes.push_back(CatalogueIndex(clock.key));
+    const auto names = CatalogueNames();
+    std::vector<int> by_position(names.size(), -1);
+    for (std::size_t k = 0; k < names.size(); ++k) {
+      for (std::size_t step = 0; step < names.size(); ++step) {
+        const std::size_t at = (k + step) % names.size();
+        const ClockEntry* clock = FindClock(names[at]);
+        if (clock != nullptr && FindTranslator(clock->translator) != nullptr) {
+          by_position[k] = static_cast<int>(at);
+          break;
+        }
+      }
     }
-    return indexes;
+    return by_position;
   }();
   return entries;
 }
@@ -33,8 +44,9 @@ const std::vector<int>& TranslatedEntries() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < 1) return 0;
-  const std::vector<int>& entries = TranslatedEntries();
+  const std::vector<int>& entries = EntryByPosition();
   const int entry = entries[data[0] % entries.size()];
+  if (entry < 0) return 0;
   const std::string input = corvane_fuzz::WriteScratch("export.txt", data + 1, size - 1);
   const std::string settings = corvane_fuzz::Scratch() + "/settings";
   const std::string output = corvane_fuzz::Scratch() + "/out";
