@@ -3,6 +3,8 @@
 // questions its format asks, and expect the messages that come before the report.
 #include <gtest/gtest.h>
 
+#include <cctype>
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <utility>
@@ -55,7 +57,7 @@ Said NeedsCode(const std::string& format, int column) {
                  " needs an Earning Code assigned to it.");
 }
 
-const std::vector<Example>& Examples() {
+const std::vector<Example>& BundledExamples() {
   static const std::vector<Example> kExamples = {
       {"access.csv", "Access", {}, 8, 25},
       {"aloha-v5-3-13.csv", "Aloha v5.3.13", {}, 11, 21},
@@ -175,8 +177,12 @@ void CopySettings(const WorkDir& dir, const char* settings) {
   return ::testing::AssertionSuccess();
 }
 
-TEST(Examples, EachBundledExportGivesTheCountsItsReadmeStates) {
-  for (const Example& example : Examples()) {
+class Examples : public ::testing::TestWithParam<std::size_t> {};
+
+// Each example on its own, so that one that fails does not hide the others.
+TEST_P(Examples, GivesTheCountsItsReadmeStates) {
+  {
+    const Example& example = BundledExamples()[GetParam()];
     SCOPED_TRACE(example.format);
     WorkDir dir;
     CopySettings(dir, example.settings);
@@ -189,7 +195,7 @@ TEST(Examples, EachBundledExportGivesTheCountsItsReadmeStates) {
     const CommandResult result = call.Go();
     if (example.said.empty()) {
       ExpectOnlyReport(dir, call, result, example.format, example.records, example.lines);
-      continue;
+      return;
     }
     ASSERT_FALSE(result.timed_out);
     ASSERT_EQ(result.status, 0) << result.err;
@@ -204,6 +210,17 @@ TEST(Examples, EachBundledExportGivesTheCountsItsReadmeStates) {
                           {"OK"}, "OK"));
   }
 }
+
+std::string ExampleName(const ::testing::TestParamInfo<std::size_t>& info) {
+  std::string name;
+  for (const char* c = BundledExamples()[info.param].file; *c != '\0'; ++c) {
+    name.push_back(std::isalnum(static_cast<unsigned char>(*c)) ? *c : '_');
+  }
+  return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Bundled, Examples,
+                         ::testing::Range<std::size_t>(0, BundledExamples().size()), ExampleName);
 
 }  // namespace
 }  // namespace corvane_test
