@@ -82,13 +82,10 @@ void Kronos_Column(frmTimeImport& F, int j, const Value& figure) {
 // of transactions. A transaction's code says what it carries and how far on the next code
 // stands; the chain ends at a code beginning with "z".
 
-// The department breakout of the customisation form, loaded for the company before reading.
-void KronosTMPrepare(frmTimeImport& F) {
-  F.TMdept.Set_rsTM();
-}
-
-// The file's head record is dropped.
+// With the output files open, the customisation form shows the company's department breakout,
+// which the translator reads; then the file's head record is dropped.
 void KronosADPHeading(frmTimeImport& F) {
+  F.TMdept.Set_rsTM();
   F.File(1).Get(F.InRec);
 }
 
@@ -761,6 +758,12 @@ struct KronosV6csvFields {
   std::string V6csv_JobCost;  // text: its segments are cut by position
 };
 
+// The company's department breakout, then the heading line dropped.
+void KronosV6csvHeading(frmTimeImport& F) {
+  F.TMdept.Set_rsTM();
+  F.File(1).LineInput(F.InRec);
+}
+
 bool KronosV6csvRead(frmTimeImport& F) {
   KronosV6csvFields& in = F.Fields<KronosV6csvFields>();
   InputFile& file = F.File(1);
@@ -939,7 +942,6 @@ void Kronos14Col(frmTimeImport& F) {
 
 extern const Translator kKronosADPTranslator{
     .name = "KronosADP",
-    .prepare = KronosTMPrepare,
     .heading = KronosADPHeading,
     .translate = KronosADP,
 };
@@ -999,8 +1001,7 @@ extern const Translator kKronosv6MTranslator{
 
 extern const Translator kKronosV6csvTranslator{
     .name = "KronosV6csv",
-    .prepare = KronosTMPrepare,
-    .heading_lines = 1,
+    .heading = KronosV6csvHeading,
     .read = KronosV6csvRead,
     .translate = KronosV6csv,
 };
