@@ -190,7 +190,8 @@ void KronosADP(frmTimeImport& F) {
   std::string T = Mid(rec, 18);
   long S = 0;
   // A chain that runs past the record's end without its "z" code meets a negative length
-  // here, and that error ends the program: there is no other way out of such a chain.
+  // here, and an unknown first code a step of 0; either error ends the program, and there is
+  // no other way out of such a chain.
   while (Left(C, 1) != "z") {
     KronosADP_Transaction(F, C, T, S);
     if (!Trim(r.Hours).empty() || !Trim(r.Amount).empty()) F.WriteOutputRec();
