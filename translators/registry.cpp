@@ -20,6 +20,19 @@ extern const Translator kADPEZLaborTranslator;
 extern const Translator kCostaViewEZLaborTranslator;
 extern const Translator kADPv1123Translator;
 extern const Translator kADSCustomTranslator;
+extern const Translator kKronosADPTranslator;
+extern const Translator kKronosTimeKeeper3Translator;
+extern const Translator kKronosTimeKeeper3aTranslator;
+extern const Translator kKronosHoursSummaryTranslator;
+extern const Translator kKronosSummaryTranslator;
+extern const Translator kKronosV3Translator;
+extern const Translator kKronosv2cShortTranslator;
+extern const Translator kKronosv2cTranslator;
+extern const Translator kKronosv5aTranslator;
+extern const Translator kKronosv6Translator;
+extern const Translator kKronosv6MTranslator;
+extern const Translator kKronosV6csvTranslator;
+extern const Translator kKronos14ColTranslator;
 extern const Translator kKronosv8Translator;
 extern const Translator kKronosV8DTranslator;
 extern const Translator kTMv28Translator;
@@ -48,6 +61,20 @@ const Translator* FindTranslator(std::string_view name) {
       &kCostaViewEZLaborTranslator,
       &kADPv1123Translator,
       &kADSCustomTranslator,
+      // Kronos
+      &kKronosADPTranslator,
+      &kKronosTimeKeeper3Translator,
+      &kKronosTimeKeeper3aTranslator,
+      &kKronosHoursSummaryTranslator,
+      &kKronosSummaryTranslator,
+      &kKronosV3Translator,
+      &kKronosv2cShortTranslator,
+      &kKronosv2cTranslator,
+      &kKronosv5aTranslator,
+      &kKronosv6Translator,
+      &kKronosv6MTranslator,
+      &kKronosV6csvTranslator,
+      &kKronos14ColTranslator,
       // Kronos v8
       &kKronosv8Translator,
       &kKronosV8DTranslator,
