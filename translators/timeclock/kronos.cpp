@@ -396,7 +396,10 @@ void KronosHoursSummary(frmTimeImport& F) {
   InputFile& in = F.File(1);
   std::string& line = F.InRec;
   KronosReturnOnError([&] {
-    while (KronosHoursSummary_Header(line)) in.LineInput(line);
+    // the employee line is done with: read on, past the headers of a page that breaks here
+    do {
+      in.LineInput(line);
+    } while (KronosHoursSummary_Header(line));
     if (InStr(line, "Days worked") == 0) return;
     in.LineInput(line);  // the account line
     F.Build_String = "Start";
