@@ -13,6 +13,7 @@
 #include <string>
 #include <string_view>
 
+#include "pipeline/coded_columns.hpp"
 #include "pipeline/time_import.hpp"
 #include "pipeline/translator.hpp"
 #include "runtime/errors.hpp"
@@ -56,25 +57,7 @@ long KronosTMLength(const Control& box) {
 // no code goes out with "?" and is marked for the end-of-run message; these clocks mark the
 // entry one below the position.
 void Kronos_Column(frmTimeImport& F, int j, const Value& figure) {
-  if (!F.rsECodes) Raise(kObjectNotSet);
-  ImportRecord& r = F.ImportRec;
-  std::string DolHrs = "H";
-  std::int16_t eShift = 1;
-  std::string eSkip = "N";
-  const bool found =
-      SetEcodes(F.rsECodes->rsECodes, static_cast<std::int16_t>(j), DolHrs, eShift, eSkip, r);
-  F.Result = found ? "True" : "False";
-  if (eSkip == "Y") return;
-  r.Shift = std::to_string(eShift);
-  if (DolHrs == "$") {
-    r.Amount = Format(figure, "####.#0");
-    r.Hours = "";
-  } else {
-    r.Hours = Format(figure, "###.#0");
-    r.Amount = "";
-  }
-  F.WriteOutputRec();
-  if (r.Earning_Code == Value("?")) F.ColumnValues[static_cast<std::size_t>(j - 1)] = "X";
+  if (WriteCodedColumn(F, j, figure)) F.ColumnValues[static_cast<std::size_t>(j - 1)] = "X";
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -356,8 +339,9 @@ void KronosTimeKeeper3aRun(frmTimeImport& F) {
 }
 
 // ---------------------------------------------------------------------------------------------
-// "Kronos Hours Summary": the employee line holds "Days worked"; an account line follows, then
-// lines of three pay-code blocks up to a blank line.
+// "Kronos Hours Summary": the employee line is followed by a "Days worked" line (a page break
+// may put its headers between them), an account line, then lines of three pay-code blocks up
+// to a blank line.
 
 constexpr std::pair<std::string_view, Cat> kHoursSummaryLabels[] = {
     {"REGULAR", Cat::Reg},   {"OVERTIME", Cat::OT},      {"VACATION", Cat::Dbl},

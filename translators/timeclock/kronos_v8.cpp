@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <string>
 
+#include "pipeline/coded_columns.hpp"
 #include "pipeline/readers.hpp"
 #include "pipeline/time_import.hpp"
 #include "pipeline/translator.hpp"
@@ -120,24 +121,10 @@ void Kronosv8(frmTimeImport& F) {
   r.SSN = "";
   if (r.payrate == Value(0)) r.payrate = "";
 
-  std::string DolHrs, eSkip;
-  std::int16_t eShift = 0;
   for (int j = 1; j <= F.NumHoursColumns; ++j) {
-    const Value& figure = in.K8_Column[j];
+    const Value& figure = in.K8_Column[static_cast<std::size_t>(j)];
     if (figure == Value(0)) continue;
-    F.Result =
-        SetEcodes(F.rsECodes->rsECodes, static_cast<std::int16_t>(j), DolHrs, eShift, eSkip, r);
-    if (eSkip == "Y") continue;
-    r.Shift = std::to_string(eShift);
-    if (DolHrs == "$") {
-      r.Amount = Format(figure, "####.#0");
-      r.Hours = "";
-    } else {
-      r.Hours = Format(figure, "###.#0");
-      r.Amount = "";
-    }
-    F.WriteOutputRec();
-    if (r.Earning_Code == Value("?")) F.ColumnValues[j] = "X";
+    if (WriteCodedColumn(F, j, figure)) F.ColumnValues[static_cast<std::size_t>(j)] = "X";
   }
 }
 

@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "pipeline/coded_columns.hpp"
 #include "pipeline/readers.hpp"
 #include "pipeline/time_import.hpp"
 #include "pipeline/translator.hpp"
@@ -225,25 +226,12 @@ void TM_Segments(frmTimeImport& F, const TMFields& in) {
 // column of 0.00 reaches the writer, which drops it. A column without an earning code is
 // written with "?" and marked for the message at the end of the run.
 void TM_Columns(frmTimeImport& F, const TMFields& in) {
-  ImportRecord& r = F.ImportRec;
-  std::string DolHrs, eSkip;
-  std::int16_t eShift = 0;
   for (int j = 1; j <= 50; ++j) {
     const std::string& column = in.TM[TM_h1 + j - 1];
     if (Trim(column).empty()) continue;
-    F.Result =
-        SetEcodes(F.rsECodes->rsECodes, static_cast<std::int16_t>(j), DolHrs, eShift, eSkip, r);
-    if (eSkip == "Y") continue;
-    r.Shift = std::to_string(eShift);
-    if (DolHrs == "$") {
-      r.Hours = "";
-      r.Amount = Format(Value(column), "####.#0");
-    } else {
-      r.Amount = "";
-      r.Hours = Format(Value(column), "###.#0");
-    }
-    TM_Do(in, [&] { F.WriteOutputRec(); });
-    if (r.Earning_Code == Value("?")) F.ColumnValues[j] = "X";
+    const bool no_code =
+        WriteCodedColumn(F, j, Value(column), [&] { TM_Do(in, [&] { F.WriteOutputRec(); }); });
+    if (no_code) F.ColumnValues[static_cast<std::size_t>(j)] = "X";
   }
 }
 
