@@ -301,16 +301,25 @@ std::filesystem::path AuditFile123(const WorkDir& dir) {
   return dir.output() / "Corvane_Audit_123.txt";
 }
 
-void ExpectOnlyReport(const WorkDir& dir, const RunCall& call, const CommandResult& result,
-                      const std::string& chosen_tc, long tc_count, long rec_count) {
+void ExpectMessagesThenReport(const WorkDir& dir, const RunCall& call, const CommandResult& result,
+                              const std::string& chosen_tc, long tc_count, long rec_count,
+                              const std::vector<Shown>& messages) {
   ASSERT_FALSE(result.timed_out);
   ASSERT_EQ(result.status, 0) << result.err;
   auto dialogue = Dialogue(call.Transcript());
-  ASSERT_EQ(dialogue.size(), 1u) << result.err;
-  EXPECT_TRUE(IsMessage(dialogue[0], "Corvane",
+  ASSERT_EQ(dialogue.size(), messages.size() + 1) << result.err;
+  for (size_t i = 0; i < messages.size(); ++i) {
+    EXPECT_TRUE(IsMessage(dialogue[i], messages[i].title, messages[i].text, {"OK"}, "OK"));
+  }
+  EXPECT_TRUE(IsMessage(dialogue.back(), "Corvane",
                         Report(chosen_tc, tc_count, rec_count, ImportFile123(dir).string(),
                                AuditFile123(dir).string()),
                         {"OK"}, "OK"));
+}
+
+void ExpectOnlyReport(const WorkDir& dir, const RunCall& call, const CommandResult& result,
+                      const std::string& chosen_tc, long tc_count, long rec_count) {
+  ExpectMessagesThenReport(dir, call, result, chosen_tc, tc_count, rec_count, {});
 }
 
 ::testing::AssertionResult IsMessage(const nlohmann::json& line, const std::string& title,

@@ -100,6 +100,21 @@ std::string Report(const std::string& chosen_tc, long tc_count, long rec_count,
 std::filesystem::path ImportFile123(const WorkDir& dir);
 std::filesystem::path AuditFile123(const WorkDir& dir);
 
+// A message with an OK button shown during a run; the title is "Corvane" unless given.
+struct Shown {
+  Shown(std::string text_) : title("Corvane"), text(std::move(text_)) {}
+  Shown(const char* text_) : Shown(std::string(text_)) {}
+  Shown(std::string title_, std::string text_) : title(std::move(title_)), text(std::move(text_)) {}
+  std::string title;
+  std::string text;
+};
+
+// The run completed after showing `messages` in order, then the report of `chosen_tc` with
+// these counts, naming the files of company 123.
+void ExpectMessagesThenReport(const WorkDir& dir, const RunCall& call, const CommandResult& result,
+                              const std::string& chosen_tc, long tc_count, long rec_count,
+                              const std::vector<Shown>& messages);
+
 // The run completed, and its only message is the report of `chosen_tc` with these counts,
 // naming the files of company 123.
 void ExpectOnlyReport(const WorkDir& dir, const RunCall& call, const CommandResult& result,

@@ -43,23 +43,6 @@ void ExpectFiles(const WorkDir& dir, const std::string& expected) {
   EXPECT_EQ(ReadBytes(AuditFile123(dir)), ReadBytes(Fixture("adp/" + expected + "_audit.txt")));
 }
 
-// The run completed after showing `messages` (OK, title "Corvane") in order, then the report.
-void ExpectMessagesThenReport(const WorkDir& dir, const RunCall& call, const CommandResult& result,
-                              const std::string& chosen_tc, long tc_count, long rec_count,
-                              const std::vector<std::string>& messages) {
-  ASSERT_FALSE(result.timed_out);
-  ASSERT_EQ(result.status, 0) << result.err;
-  auto dialogue = Dialogue(call.Transcript());
-  ASSERT_EQ(dialogue.size(), messages.size() + 1) << result.err;
-  for (size_t i = 0; i < messages.size(); ++i) {
-    EXPECT_TRUE(IsMessage(dialogue[i], "Corvane", messages[i], {"OK"}, "OK"));
-  }
-  EXPECT_TRUE(IsMessage(dialogue.back(), "Corvane",
-                        Report(chosen_tc, tc_count, rec_count, ImportFile123(dir).string(),
-                               AuditFile123(dir).string()),
-                        {"OK"}, "OK"));
-}
-
 TEST(ADPas400Translator, LinesSplitByTheTranslatorUntilAnEmptyLine) {
   // Covers: quotes removed and fields trimmed; File # by "000000"; the hours 3, memo and
   // earnings 3 codes through the table, earnings as dollars; a seven-field line reusing the

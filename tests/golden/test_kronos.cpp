@@ -49,28 +49,6 @@ void ExpectFiles(const WorkDir& dir, const std::string& expected) {
             ReadBytes(Fixture("kronos/expected_" + expected + "_audit.txt")));
 }
 
-struct Shown {
-  std::string title;
-  std::string text;
-};
-
-// The run completed after showing `messages` in order, then the report.
-void ExpectMessagesThenReport(const WorkDir& dir, const RunCall& call, const CommandResult& result,
-                              const std::string& chosen_tc, long tc_count, long rec_count,
-                              const std::vector<Shown>& messages) {
-  ASSERT_FALSE(result.timed_out);
-  ASSERT_EQ(result.status, 0) << result.err;
-  auto dialogue = Dialogue(call.Transcript());
-  ASSERT_EQ(dialogue.size(), messages.size() + 1) << result.err;
-  for (size_t i = 0; i < messages.size(); ++i) {
-    EXPECT_TRUE(IsMessage(dialogue[i], messages[i].title, messages[i].text, {"OK"}, "OK"));
-  }
-  EXPECT_TRUE(IsMessage(dialogue.back(), "Corvane",
-                        Report(chosen_tc, tc_count, rec_count, ImportFile123(dir).string(),
-                               AuditFile123(dir).string()),
-                        {"OK"}, "OK"));
-}
-
 // Company 123's department breakout on the customisation form.
 void WriteBreakout(const WorkDir& dir, const std::string& lengths) {
   WriteBytes(dir.settings() / "TimeImport_TMsettings.dat",

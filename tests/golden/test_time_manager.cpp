@@ -123,22 +123,6 @@ RunCall TMCall(const WorkDir& dir, const std::string& format, const std::string&
   return call;
 }
 
-void ExpectMessagesThenReport(const WorkDir& dir, const RunCall& call, const CommandResult& result,
-                              const std::string& format, long tc_count, long rec_count,
-                              const std::vector<std::string>& messages) {
-  ASSERT_FALSE(result.timed_out);
-  ASSERT_EQ(result.status, 0) << result.err;
-  auto dialogue = Dialogue(call.Transcript());
-  ASSERT_EQ(dialogue.size(), messages.size() + 1) << result.err;
-  for (size_t i = 0; i < messages.size(); ++i) {
-    EXPECT_TRUE(IsMessage(dialogue[i], "Corvane", messages[i], {"OK"}, "OK"));
-  }
-  EXPECT_TRUE(IsMessage(
-      dialogue.back(), "Corvane",
-      Report(format, tc_count, rec_count, ImportFile123(dir).string(), AuditFile123(dir).string()),
-      {"OK"}, "OK"));
-}
-
 // Adams: employee 42, worked department 1234567890X, rate 12.5; regular, overtime on shift 2,
 // a column of 0.00 without a code, and dollars.
 const Employee kAdams{"0000000042",
