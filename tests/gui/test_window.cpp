@@ -213,6 +213,57 @@ class WindowTest : public QObject {
     QCOMPARE(Text(*w, CorvaneInputFile), s.Home() + "/access.csv");
   }
 
+  // A format that asks a question during the run and takes the company's earning codes and
+  // customisation: the bundled "Kronos v8" export, the column count answered wrongly once.
+  void runThatAsksTheOperator() {
+    Session s;
+    {
+      Operator op;
+      s.Open(op)->close();  // a first start, which leaves its control file
+    }
+    for (const char* name : {"TimeImport_EarnCodes.dat", "TimeImport_K8settings.dat"}) {
+      const QString to = s.Settings() + "/" + name;
+      QFile::remove(to);
+      QVERIFY(QFile::copy(QStringLiteral(CORVANE_EXAMPLES "/settings/kronos-v8/") + name, to));
+    }
+    QVERIFY(QFile::copy(QStringLiteral(CORVANE_EXAMPLES "/kronos-v8.txt"),
+                        s.Home() + "/kronos-v8.txt"));
+    QVERIFY(QDir(s.Home()).mkdir(QStringLiteral("out")));
+    const QString out = s.Home() + "/out";
+
+    Operator op({QStringLiteral("0"), QStringLiteral("6")});
+    auto w = s.Open(op);
+    op.seen.clear();
+    ChooseTimeClock(*w, QStringLiteral("Kronos v8"));
+    auto* files = static_cast<QListWidget*>(w->Widget(filInput));
+    QCOMPARE(Entries(files), QStringList{QStringLiteral("kronos-v8.txt")});
+    QTest::mouseClick(files->viewport(), Qt::LeftButton, {},
+                      files->visualItemRect(files->item(0)).center());
+    auto* folders = static_cast<QListWidget*>(w->Widget(dirOutput));
+    const QList<QListWidgetItem*> found =
+        folders->findItems(QStringLiteral("out"), Qt::MatchExactly);
+    QCOMPARE(found.size(), 1);
+    const QPoint at = folders->visualItemRect(found.front()).center();
+    QTest::mouseClick(folders->viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseDClick(folders->viewport(), Qt::LeftButton, {}, at);
+    TypeInto(w->Widget(CoNum), QStringLiteral("123"));
+
+    Click(w->Widget(cmdInterface));
+    // the question twice (0 is no count), the column without a code, the report
+    QCOMPARE(op.seen.size(), std::size_t{4});
+    for (int k : {0, 1}) {
+      QCOMPARE(op.seen[k].kind, QStringLiteral("input"));
+      QCOMPARE(op.seen[k].title, QStringLiteral("How many columns?"));
+      QCOMPARE(op.seen[k].default_text, QStringLiteral("6"));
+    }
+    QCOMPARE(op.seen[2].text,
+             QStringLiteral("Kronos v8 column 5 needs an Earning Code assigned to it."));
+    QVERIFY(op.seen[3].text.contains(QStringLiteral("\n3 Kronos v8 records processed.\n")));
+    QVERIFY(op.seen[3].text.contains(QStringLiteral("\n9 Evolution records created.\n")));
+    QCOMPARE(CrLfLines(Contents(out + "/123_ta.txt")), 9);
+    w->close();
+  }
+
   // File/Exit leaves by the exit path: the side forms close and the screen is stored.
   void exitStoresTheScreenAndClosesTheForms() {
     Session s;
