@@ -16,7 +16,7 @@ namespace {
 constexpr int kMicrosXrefRows = 100;
 
 struct MicrosXrefRow {
-  Value Code;   // the revenue centre code of the export
+  Value Code;    // the revenue centre code of the export
   Value Value_;  // what the payroll calls it
 };
 

@@ -29,7 +29,7 @@ struct SquirrelXrefRow {
 };
 
 struct Squirrel145Fields {
-  std::array<Value, 9> Squirrel_F;                                // fields 1 to 8
+  std::array<Value, 9> Squirrel_F;                                  // fields 1 to 8
   std::array<SquirrelXrefRow, kSquirrelXrefRows + 1> SquirrelXref;  // rows 1 to 100
 };
 
