@@ -40,6 +40,11 @@ extern const Translator kTMv2xTranslator;
 extern const Translator kTMv20Translator;
 extern const Translator kTMv18Translator;
 extern const Translator kTimeManagementSystemsTranslator;
+// Squirrel, Micros and Maitre'D
+extern const Translator kSquirrel145Translator;
+extern const Translator kSquirrel32Translator;
+extern const Translator kMicros3700v41Translator;
+extern const Translator kMaitreDTranslator;
 
 const Translator* FindTranslator(std::string_view name) {
   static const Translator* const kAll[] = {
@@ -84,6 +89,11 @@ const Translator* FindTranslator(std::string_view name) {
       &kTMv20Translator,
       &kTMv18Translator,
       &kTimeManagementSystemsTranslator,
+      // Squirrel, Micros and Maitre'D
+      &kSquirrel145Translator,
+      &kSquirrel32Translator,
+      &kMicros3700v41Translator,
+      &kMaitreDTranslator,
   };
   if (name.empty()) return nullptr;
   for (const Translator* t : kAll) {
