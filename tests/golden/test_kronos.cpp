@@ -163,6 +163,20 @@ TEST(KronosReportTranslators, SummaryCarriesEmployeeAndShiftFromLineToLine) {
   ExpectFiles(dir, "summary");
 }
 
+TEST(KronosReportTranslators, SummaryWithoutItsClosingLineTranslatesTheLastLine) {
+  // Every line goes through the translator: with no "Summary" line the reading runs to the end,
+  // and the last line, which has no line end, is counted and written like the others.
+  WorkDir dir;
+  WriteBytes(dir.root() / "open.txt", std::string("KIM, AL") + std::string(28, ' ') + "5001\r\n" +
+                                          std::string(23, ' ') + "REG:" + std::string(6, ' ') +
+                                          "7.50");
+  auto call = KronosCall(dir, "Kronos Summary", dir.root() / "open.txt");
+  auto result = call.Go();
+  ExpectOnlyReport(dir, call, result, "Kronos Summary", 2, 1);
+  EXPECT_EQ(ReadBytes(ImportFile123(dir)),
+            "\"5001\",\"KIM, AL\",,,,E,Reg,,7.50,,,,,,,1,,,,,,,,,,,,,\r\n");
+}
+
 TEST(KronosV3Translator, LongAndShortRowsToldByTheFieldAfterOvertime) {
   // Covers: a quoted name holding a comma; fields read as numbers (0200 -> 200, 40.00 -> 40);
   // a zero Union Hrs dropped by the writer; a short row whose next File # 001003 is kept as
