@@ -40,6 +40,18 @@ extern const Translator kTMv2xTranslator;
 extern const Translator kTMv20Translator;
 extern const Translator kTMv18Translator;
 extern const Translator kTimeManagementSystemsTranslator;
+// Aloha cross-reference versions
+extern const Translator kAlohav62Translator;
+extern const Translator kAlohav6212Translator;
+extern const Translator kAlohav6227Translator;
+extern const Translator kAlohav5317Translator;
+extern const Translator kAlohav5320Translator;
+extern const Translator kAlohav5346Translator;
+extern const Translator kAlohav6113Translator;
+extern const Translator kAlohaTranslator;
+extern const Translator kAlohaEnterpriseTranslator;
+extern const Translator kAlohaLaborSchedTranslator;
+extern const Translator kAlohaWGLTranslator;
 
 const Translator* FindTranslator(std::string_view name) {
   static const Translator* const kAll[] = {
@@ -84,6 +96,18 @@ const Translator* FindTranslator(std::string_view name) {
       &kTMv20Translator,
       &kTMv18Translator,
       &kTimeManagementSystemsTranslator,
+      // Aloha cross-reference versions
+      &kAlohav62Translator,
+      &kAlohav6212Translator,
+      &kAlohav6227Translator,
+      &kAlohav5317Translator,
+      &kAlohav5320Translator,
+      &kAlohav5346Translator,
+      &kAlohav6113Translator,
+      &kAlohaTranslator,
+      &kAlohaEnterpriseTranslator,
+      &kAlohaLaborSchedTranslator,
+      &kAlohaWGLTranslator,
   };
   if (name.empty()) return nullptr;
   for (const Translator* t : kAll) {
