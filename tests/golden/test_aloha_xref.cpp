@@ -185,3 +185,27 @@ TEST(Alohav6113Translator, NoWorkbookLeavesTheCodesBlank) {
 
 }  // namespace
 }  // namespace corvane_test
+
+namespace corvane_test {
+namespace {
+
+TEST(AlohaLaborSchedTranslator, OnlyTheSummaryPartIsPaid) {
+  // A detail row before "SUMMARY" is not paid; "TOTALS:" ends the summary part, and a row
+  // whose lead field is not "0" ends the reading.
+  WorkDir dir;
+  WriteBytes(dir.root() / "sched.csv",
+             "Labor Scheduler\r\n1\r\n2\r\n3\r\n4\r\n5\r\n"
+             "0,1000,Detail,,,,,9.00,8,0,,0,,\r\n0,SUMMARY,,,,,,,,,,,,\r\na\r\nb\r\nc\r\n"
+             "0,1001,Maria,,,,,2.13,30,2.5,,12,,\r\n0,1002,Chen,,,,,9.00,0,0,,0,,\r\n"
+             "0,TOTALS:,,,,,,,,,,,,\r\n0,1003,After,,,,,9.00,5,0,,0,,\r\n9,end,,,,,,,,,,,,\r\n");
+  auto call = XRefCall(dir, "Aloha Labor Scheduler (5.3.19)", dir.root() / "sched.csv");
+  auto result = call.Go();
+  ExpectOnlyReport(dir, call, result, "Aloha Labor Scheduler (5.3.19)", 6, 3);
+  EXPECT_EQ(ReadBytes(ImportFile123(dir)),
+            "\"1001\",\"Maria\",,,,E,RG,2.13,30,,,,,,,1,,,,,,,,,,,,,\r\n"
+            "\"1001\",\"Maria\",,,,E,OV,2.13,2.5,,,,,,,1,,,,,,,,,,,,,\r\n"
+            "\"1001\",\"Maria\",,,,D,TP,2.13,,,,,,,12,1,,,,,,,,,,,,,\r\n");
+}
+
+}  // namespace
+}  // namespace corvane_test
