@@ -45,6 +45,18 @@ extern const Translator kSquirrel145Translator;
 extern const Translator kSquirrel32Translator;
 extern const Translator kMicros3700v41Translator;
 extern const Translator kMaitreDTranslator;
+// Aloha cross-reference versions
+extern const Translator kAlohav62Translator;
+extern const Translator kAlohav6212Translator;
+extern const Translator kAlohav6227Translator;
+extern const Translator kAlohav5317Translator;
+extern const Translator kAlohav5320Translator;
+extern const Translator kAlohav5346Translator;
+extern const Translator kAlohav6113Translator;
+extern const Translator kAlohaTranslator;
+extern const Translator kAlohaEnterpriseTranslator;
+extern const Translator kAlohaLaborSchedTranslator;
+extern const Translator kAlohaWGLTranslator;
 
 const Translator* FindTranslator(std::string_view name) {
   static const Translator* const kAll[] = {
@@ -94,6 +106,18 @@ const Translator* FindTranslator(std::string_view name) {
       &kSquirrel32Translator,
       &kMicros3700v41Translator,
       &kMaitreDTranslator,
+      // Aloha cross-reference versions
+      &kAlohav62Translator,
+      &kAlohav6212Translator,
+      &kAlohav6227Translator,
+      &kAlohav5317Translator,
+      &kAlohav5320Translator,
+      &kAlohav5346Translator,
+      &kAlohav6113Translator,
+      &kAlohaTranslator,
+      &kAlohaEnterpriseTranslator,
+      &kAlohaLaborSchedTranslator,
+      &kAlohaWGLTranslator,
   };
   if (name.empty()) return nullptr;
   for (const Translator* t : kAll) {

@@ -16,23 +16,22 @@
 #include "runtime/picture.hpp"
 #include "runtime/text.hpp"
 #include "translators/restaurant/aloha_job_table.hpp"
+#include "translators/restaurant/aloha_lines.hpp"
 
 namespace corvane {
+
+bool AlohaBelowMinWage(const frmTimeImport& F, const Value& rate) {
+  return Below(rate, Value(F.S[txtMinWage].text));
+}
+
+const std::string& AlohaSplitField(const std::vector<std::string>& fields, long n) {
+  if (n < 1 || n > static_cast<long>(fields.size())) Raise(kSubscriptOutOfRange);
+  return fields[static_cast<std::size_t>(n - 1)];
+}
 
 namespace {
 
 constexpr char kCR = '\r';
-
-// A rate below the minimum wage marks tipped staff, whose hours go to the wait categories.
-bool BelowMinWage(const frmTimeImport& F, const Value& rate) {
-  return Below(rate, Value(F.S[txtMinWage].text));
-}
-
-// Field n (from 1) of a line split at commas. A field the line does not have is out of range.
-const std::string& SplitField(const std::vector<std::string>& fields, long n) {
-  if (n < 1 || n > static_cast<long>(fields.size())) Raise(kSubscriptOutOfRange);
-  return fields[static_cast<std::size_t>(n - 1)];
-}
 
 // ---------------------------------------------------------------------------------------
 // "Aloha v5.3.13": the rows of a comma-separated report, 14 fields a row, read by the branch.
@@ -88,7 +87,7 @@ void AlohaV5313(frmTimeImport& F) {
     r.Hours = f[7];
     F.Apply(Cat::Reg);
     if (f[6] != nothing) r.payrate = f[6];
-    if (BelowMinWage(F, f[6]) && f[6] != nothing) F.Apply(Cat::WaitReg);
+    if (AlohaBelowMinWage(F, f[6]) && f[6] != nothing) F.Apply(Cat::WaitReg);
     F.WriteOutputRec();
   }
 
@@ -96,7 +95,7 @@ void AlohaV5313(frmTimeImport& F) {
     r.Hours = f[9];
     F.Apply(Cat::OT);
     r.payrate = f[8] != nothing ? f[8] : Value("");
-    if (BelowMinWage(F, f[8]) && f[8] != nothing) F.Apply(Cat::WaitOT);
+    if (AlohaBelowMinWage(F, f[8]) && f[8] != nothing) F.Apply(Cat::WaitOT);
     F.WriteOutputRec();
   }
 
@@ -194,30 +193,30 @@ void Alohav6542_Job(frmTimeImport& F) {
   F.File(1).LineInput(F.InRec);
   const std::vector<std::string> figures = Split(F.InRec, ",");
 
-  r.payrate = SplitField(figures, 8);
+  r.payrate = AlohaSplitField(figures, 8);
   r.Amount = "";
-  r.Hours = SplitField(figures, 9);
+  r.Hours = AlohaSplitField(figures, 9);
   if (NumericAbove0(r.Hours)) {
-    F.Apply(BelowMinWage(F, r.payrate) ? Cat::e15 : Cat::Reg);
+    F.Apply(AlohaBelowMinWage(F, r.payrate) ? Cat::e15 : Cat::Reg);
     F.WriteOutputRec();
   }
 
-  r.Hours = SplitField(figures, 10);
+  r.Hours = AlohaSplitField(figures, 10);
   if (NumericAbove0(r.Hours)) {
-    F.Apply(BelowMinWage(F, r.payrate) ? Cat::e16 : Cat::OT);
+    F.Apply(AlohaBelowMinWage(F, r.payrate) ? Cat::e16 : Cat::OT);
     AlohaOTTotal += r.Hours.ToNumber();
     F.WriteOutputRec();
   }
 
   r.Hours = "";
-  r.Amount = SplitField(figures, 13);
+  r.Amount = AlohaSplitField(figures, 13);
   if (NumericAbove0(Value(r.Amount))) {
     F.Apply(Cat::CCTips);
     r.payrate = "";
     F.WriteOutputRec();
   }
 
-  r.Amount = SplitField(figures, 14);
+  r.Amount = AlohaSplitField(figures, 14);
   if (NumericAbove0(Value(r.Amount))) {
     F.Apply(Cat::Tips);
     r.payrate = "";
@@ -285,12 +284,12 @@ void Alohav6544(frmTimeImport& F) {
 
     r.Hours = f[5];
     r.payrate = f[11];
-    if (r.Hours != Value("")) F.Apply(BelowMinWage(F, r.payrate) ? Cat::WaitReg : Cat::Reg);
+    if (r.Hours != Value("")) F.Apply(AlohaBelowMinWage(F, r.payrate) ? Cat::WaitReg : Cat::Reg);
     F.WriteOutputRec();
 
     r.Hours = f[6];
     r.payrate = f[11];
-    if (r.Hours != Value("")) F.Apply(BelowMinWage(F, r.payrate) ? Cat::WaitOT : Cat::OT);
+    if (r.Hours != Value("")) F.Apply(AlohaBelowMinWage(F, r.payrate) ? Cat::WaitOT : Cat::OT);
     F.WriteOutputRec();
 
     r.Hours = "";
@@ -417,33 +416,11 @@ void Alohav5326(frmTimeImport& F) {
 // that is dropped, and the closing line. Errors are passed over statement by statement: a
 // job past the table's last row is neither stored nor written.
 
-// The walk of the report, line by line.
-struct Alohav6738_Walk {
-  frmTimeImport& F;
-  AlohaJobTable& jobs;
-  bool after_total = false;
-  bool after_ttl = false;
-  bool expect_closing = false;
-  long job_count = 0;
-  std::string name{};    // from the marker line
-  std::string number{};  // from the marker line, cut at 4 characters
-};
-
-// Marker line: "*** Emp <name>  #<number> ***". The name ends at the first two blanks.
-void Alohav6738_MarkerLine(Alohav6738_Walk& w, const std::string& line) {
-  std::string text = Trim(Replace(line, "*", ""));
-  text = Trim(Replace(text, "Emp", ""));
-  // without two blanks there is no name, and the one before stands
-  ResumeNext([&] { w.name = Trim(Left(text, InStr(text, "  ") - 1)); });
-  text = Trim(Replace(Replace(text, w.name, ""), "#", ""));
-  w.number = Trim(Left(text, 4));
-}
-
 // Total line of a job: the job's name is what stands after "Total".
 void Alohav6738_TotalLine(Alohav6738_Walk& w, const std::string& line) {
   ++w.job_count;
   ++w.F.TCcount;
-  const std::string job = Trim(Replace(Replace(Replace(line, ":", ""), "Total", ""), ",", ""));
+  const std::string job = Alohav6738_JobName(line);
   ResumeNext([&] { w.jobs.Row(w.job_count).JobName = job; });
   w.after_total = true;
 }
@@ -453,7 +430,7 @@ void Alohav6738_TotalLine(Alohav6738_Walk& w, const std::string& line) {
 void Alohav6738_FiguresLine(Alohav6738_Walk& w, const std::string& line) {
   const std::vector<std::string> fields = Split(line, ",");
   const std::string& quote = w.F.quote;
-  auto field = [&](long n) { return Trim(Replace(SplitField(fields, n), quote, "")); };
+  auto field = [&](long n) { return Trim(Replace(AlohaSplitField(fields, n), quote, "")); };
   auto store = [&](std::string AlohaJobRow::*member, long n) {
     ResumeNext([&] { w.jobs.Row(w.job_count).*member = field(n); });
   };
@@ -477,7 +454,7 @@ void Alohav6738_WriteRow(frmTimeImport& F, const AlohaJobRow& row) {
   if (NumericAbove0(Value(row.RegHours))) {
     if (Trim(row.Rate) != "0") {
       r.payrate = Trim(row.Rate);
-      F.Apply(BelowMinWage(F, r.payrate) ? Cat::WaitReg : Cat::Reg);
+      F.Apply(AlohaBelowMinWage(F, r.payrate) ? Cat::WaitReg : Cat::Reg);
     } else {
       // a job without a rate keeps the category of the record written before it
       r.payrate = "";
@@ -492,7 +469,7 @@ void Alohav6738_WriteRow(frmTimeImport& F, const AlohaJobRow& row) {
       F.Apply(Cat::OT);
     } else {
       r.payrate = Trim(row.Rate);
-      F.Apply(BelowMinWage(F, r.payrate) ? Cat::WaitOT : Cat::OT);
+      F.Apply(AlohaBelowMinWage(F, r.payrate) ? Cat::WaitOT : Cat::OT);
     }
     r.Hours = Trim(row.OTHours);
     F.WriteOutputRec();
@@ -507,25 +484,47 @@ void Alohav6738_WriteRow(frmTimeImport& F, const AlohaJobRow& row) {
   }
 }
 
-// Writing the rows: jobs 1 up to the job count; rows past the table's end raise the ignored
-// error, so writing stops at its last row in effect.
-void Alohav6738_WriteRows(Alohav6738_Walk& w) {
+// Closing line: the employee ends here. Its fields carry nothing this report needs. Rows
+// past the table's end raise the ignored error, so writing stops at its last row in effect.
+void Alohav6738_ClosingLine(Alohav6738_Walk& w, const std::string&) {
+  ImportRecord& r = w.F.ImportRec;
+  r.Employee_Name = w.name;
+  r.Employee_no = w.number;
+  r.SSN = "";
   for (long n = 1; n <= w.job_count; ++n) {
     ResumeNext([&] { Alohav6738_WriteRow(w.F, w.jobs.Row(n)); });
   }
 }
 
-// Closing line: the employee ends here. Its fields carry nothing this report needs.
-void Alohav6738_ClosingLine(Alohav6738_Walk& w) {
-  ImportRecord& r = w.F.ImportRec;
-  r.Employee_Name = w.name;
-  r.Employee_no = w.number;
-  r.SSN = "";
-  Alohav6738_WriteRows(w);
-  w.job_count = 0;
-  w.after_total = false;
-  w.after_ttl = false;
+constexpr Alohav6738_Steps kAlohav6738_Steps{
+    .TotalLine = Alohav6738_TotalLine,
+    .FiguresLine = Alohav6738_FiguresLine,
+    .ClosingLine = Alohav6738_ClosingLine,
+};
+
+void Alohav6738(frmTimeImport& F) {
+  F.InitFiles();
+  Alohav6738_Walk w{.F = F, .jobs = F.Fields<AlohaJobTable>(), .steps = kAlohav6738_Steps};
+  F.ImportRec.Branch = F.S.Checked(chkBr) ? "1" : "";
+  Alohav6738_Read(w);
 }
+
+}  // namespace
+
+void Alohav6738_MarkerLine(Alohav6738_Walk& w, const std::string& line) {
+  std::string text = Trim(Replace(line, "*", ""));
+  text = Trim(Replace(text, "Emp", ""));
+  // without two blanks there is no name, and the one before stands
+  ResumeNext([&] { w.name = Trim(Left(text, InStr(text, "  ") - 1)); });
+  text = Trim(Replace(Replace(text, w.name, ""), "#", ""));
+  w.number = Trim(Left(text, 4));
+}
+
+std::string Alohav6738_JobName(const std::string& line) {
+  return Trim(Replace(Replace(Replace(line, ":", ""), "Total", ""), ",", ""));
+}
+
+namespace {
 
 // A line with no flag set: told by its first three characters.
 void Alohav6738_PlainLine(Alohav6738_Walk& w, const std::string& line) {
@@ -534,37 +533,37 @@ void Alohav6738_PlainLine(Alohav6738_Walk& w, const std::string& line) {
   if (line.starts_with("***")) {
     Alohav6738_MarkerLine(w, line);
   } else if (line.starts_with("Tot")) {
-    Alohav6738_TotalLine(w, line);
+    w.steps.TotalLine(w, line);
   } else if (line.starts_with("TTL")) {
     w.after_ttl = true;
   }
 }
 
-void Alohav6738(frmTimeImport& F) {
-  F.InitFiles();
-  Alohav6738_Walk w{.F = F, .jobs = F.Fields<AlohaJobTable>()};
-  F.ImportRec.Branch = F.S.Checked(chkBr) ? "1" : "";
+}  // namespace
 
-  InputFile& in = F.File(1);
-  std::string& line = F.InRec;
+void Alohav6738_Read(Alohav6738_Walk& w) {
+  InputFile& in = w.F.File(1);
+  std::string& line = w.F.InRec;
   while (!in.Eof()) {
     in.LineInput(line);
     if (w.after_total) {
       w.after_total = false;
-      Alohav6738_FiguresLine(w, line);
+      w.steps.FiguresLine(w, line);
     } else if (w.after_ttl) {
       w.after_ttl = false;
       w.expect_closing = true;
     } else if (w.expect_closing) {
+      // the employee ends here: his jobs are written, and the table starts anew
       w.expect_closing = false;
-      Alohav6738_ClosingLine(w);
+      w.steps.ClosingLine(w, line);
+      w.job_count = 0;
+      w.after_total = false;
+      w.after_ttl = false;
     } else {
       Alohav6738_PlainLine(w, line);
     }
   }
 }
-
-}  // namespace
 
 extern const Translator kAlohaV5313Translator{
     .name = "AlohaV5313",

@@ -1,0 +1,211 @@
+// The Aloha versions with a side file beside the export, run end to end and compared with
+// import and audit files written by hand. What each fixture record tests is in
+// tests/fixtures/aloha_xref/README.md.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "tests/cli/cli_harness.hpp"
+
+namespace corvane_test {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Every category the family uses holds a code of its own, and the tips pair says D, so that
+// each line shows which pair it took. The minimum wage is the rate of the fixtures' tipped
+// staff, so that a rate equal to it is seen not to be below it.
+RunCall XRefCall(const WorkDir& dir, const std::string& format, const fs::path& input) {
+  RunCall call(dir);
+  call.Add({"--format", format, "--company", "123", "--end-date", "11/20/2026", "--input",
+            input.string(), "--output", dir.output().string()});
+  for (const char* box :
+       {"txtReg=RG",      "txtRegDE=E",   "txtOT=OV",      "txtOTDE=E",    "txtWaitReg=WR",
+        "txtWaitRegDE=E", "txtWaitOT=WO", "txtWaitOTDE=E", "txtTips=TP",   "txtTipsDE=D",
+        "txtCCtip=CC",    "txtCCtipDE=E", "txtSales=SL",   "txtSalesDE=E", "txtHol=HL",
+        "txtHolDE=E",     "txt15=C15",    "txt15DE=E",     "txt16=C16",    "txt16DE=E",
+        "txtMinWage=2.13"}) {
+    call.Add({"--set", box});
+  }
+  return call;
+}
+
+std::string Expected(const std::string& name) {
+  return ReadBytes(Fixture("aloha_xref/" + name));
+}
+
+// Copies the export and, when given, its side file into the work folder.
+fs::path CopyPair(const WorkDir& dir, const std::string& input, const std::string& side) {
+  if (!side.empty()) dir.CopyIn(Fixture("aloha_xref/" + side), side);
+  return dir.CopyIn(Fixture("aloha_xref/" + input), input);
+}
+
+// The run asked for its side file once, offering `offered`, then completed after showing
+// `messages`, with the report of `format` and the files written by hand under `prefix`.
+void ExpectAskedThenGolden(const WorkDir& dir, const RunCall& call, const CommandResult& result,
+                           const std::string& title, const std::string& prompt,
+                           const std::string& offered, const std::string& format, long tc_count,
+                           long rec_count, const std::string& prefix,
+                           const std::vector<std::string>& messages = {}) {
+  ASSERT_FALSE(result.timed_out);
+  ASSERT_EQ(result.status, 0) << result.err;
+  auto dialogue = Dialogue(call.Transcript());
+  ASSERT_EQ(dialogue.size(), messages.size() + 2) << result.err;
+  EXPECT_EQ(dialogue[0].value("kind", ""), "input");
+  EXPECT_EQ(dialogue[0].value("title", ""), title);
+  EXPECT_EQ(dialogue[0].value("prompt", ""), prompt);
+  EXPECT_EQ(dialogue[0].value("default", ""), offered);
+  for (size_t i = 0; i < messages.size(); ++i) {
+    EXPECT_TRUE(IsMessage(dialogue[i + 1], "Corvane", messages[i], {"OK"}, "OK"));
+  }
+  EXPECT_TRUE(IsMessage(
+      dialogue.back(), "Corvane",
+      Report(format, tc_count, rec_count, ImportFile123(dir).string(), AuditFile123(dir).string()),
+      {"OK"}, "OK"));
+  EXPECT_EQ(ReadBytes(ImportFile123(dir)), Expected(prefix + "_expected_ta.txt"));
+  EXPECT_EQ(ReadBytes(AuditFile123(dir)), Expected(prefix + "_expected_audit.txt"));
+}
+
+const char kAsk[] = "What is the name of the cross reference file you will use?";
+
+TEST(Alohav62Translator, JobsTurnedIntoDivisionsByTheCrossReference) {
+  // Covers: blank and comma-only lines; the marker's name cleared of commas; jobs found with
+  // blanks around "="; a second total line passed over; a job not in the file gives a blank
+  // division; only overtime looks at the minimum wage; tips holding the rest of the line.
+  WorkDir dir;
+  auto input = CopyPair(dir, "v62.csv", "Alohav62_XRef.txt");
+  auto call = XRefCall(dir, "Aloha v6.2", input);
+  call.Add({"--accept-defaults"});
+  auto result = call.Go();
+  ExpectAskedThenGolden(dir, call, result, "Aloha v6.2", kAsk, "Alohav62_XRef.txt", "Aloha v6.2",
+                        10, 7, "v62");
+}
+
+TEST(Alohav62Translator, MissingCrossReferenceLeavesEveryDivisionBlank) {
+  WorkDir dir;
+  auto input = CopyPair(dir, "v62.csv", "");
+  auto call = XRefCall(dir, "Aloha v6.2", input);
+  call.Add({"--answer", "nowhere.txt"});
+  auto result = call.Go();
+  ASSERT_EQ(result.status, 0) << result.err;
+  const auto lines = CrLfLines(ReadBytes(ImportFile123(dir)));
+  ASSERT_EQ(lines.size(), 7u);
+  for (const std::string& line : lines) EXPECT_EQ(Fields(line).at(16), "") << line;
+}
+
+TEST(Alohav6227Translator, EmployeesKnownBySocialSecurityNumberWithDivisionsByJobRow) {
+  // Covers: the employee number blank and the SSN from the closing line without "-"; regular
+  // hours at a rate below the minimum wage stay Regular; card tips written before declared
+  // tips; a rate of "0" written blank; a job the file does not know keeps the division its
+  // row held, for the next employee too.
+  WorkDir dir;
+  auto input = CopyPair(dir, "v6227.csv", "Alohav6227_XRef.txt");
+  auto call = XRefCall(dir, "Aloha v6.2.27", input);
+  call.Add({"--accept-defaults"});
+  auto result = call.Go();
+  ExpectAskedThenGolden(dir, call, result, "Aloha v6.2.27", kAsk, "Alohav6227_XRef.txt",
+                        "Aloha v6.2.27", 3, 7, "v6227");
+}
+
+TEST(Alohav5320Translator, WordsOfTheFiguresLineAndTheLastLineNeverLookedAt) {
+  // Covers: the fixed side file name, asked of nobody; codes through "00"; a name keeping
+  // its comma; a line of blanks passed over; "0.00" not written; the last line unread.
+  WorkDir dir;
+  auto input = CopyPair(dir, "v5320.txt", "Farmhouse_XRef.txt");
+  auto call = XRefCall(dir, "Aloha v5.3.20", input);
+  call.Add({"--set", "txtReg=5", "--set", "txtOT=6"});
+  auto result = call.Go();
+  ExpectOnlyReport(dir, call, result, "Aloha v5.3.20", 7, 4);
+  EXPECT_EQ(ReadBytes(ImportFile123(dir)), Expected("v5320_expected_ta.txt"));
+  EXPECT_EQ(ReadBytes(AuditFile123(dir)), Expected("v5320_expected_audit.txt"));
+}
+
+TEST(Alohav5346Translator, TotalsRowAfterTheMarkerAndJobsInAnyCase) {
+  // Covers: the question asked again after a blank answer; jobs found whatever their case;
+  // a job not found keeps the department before; rows with a rate before the marker are
+  // not paid; the marker row's own field 2 stands as the employee number; the row that ends
+  // the file is not read.
+  WorkDir dir;
+  auto input = CopyPair(dir, "v5346.csv", "Aloha v5.3.46 XRef.txt");
+  auto call = XRefCall(dir, "Aloha v5.3.46", input);
+  call.Add({"--answer", "  ", "--answer", "Aloha v5.3.46 XRef.txt"});
+  auto result = call.Go();
+  ASSERT_EQ(result.status, 0) << result.err;
+  auto dialogue = Dialogue(call.Transcript());
+  ASSERT_EQ(dialogue.size(), 3u);
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(dialogue[i].value("prompt", ""), "Enter the name of your cross reference file.");
+    EXPECT_EQ(dialogue[i].value("default", ""), "Aloha v5.3.46 XRef.txt");
+  }
+  EXPECT_TRUE(IsMessage(
+      dialogue[2], "Corvane",
+      Report("Aloha v5.3.46", 6, 6, ImportFile123(dir).string(), AuditFile123(dir).string()),
+      {"OK"}, "OK"));
+  EXPECT_EQ(ReadBytes(ImportFile123(dir)), Expected("v5346_expected_ta.txt"));
+  EXPECT_EQ(ReadBytes(AuditFile123(dir)), Expected("v5346_expected_audit.txt"));
+}
+
+TEST(AlohaTranslator, TransactionChainsWithBreakoutAndCrossReference) {
+  // Covers: the heading line dropped; the breakout cutting branch and department; a rate
+  // equal to the minimum wage; a line of exactly 82 characters; "-" in the overtime sign place;
+  // tips written twice when a shift code follows them; code 018 through the cross-reference, and a
+  // code it lacks keeping the earning code before; an unknown dollars letter; lines other than "B"
+  // unread; a rate token that writes nothing, its rate standing for the hours token after it.
+  WorkDir dir;
+  WriteBytes(
+      dir.settings() / "TimeImport_TMsettings.dat",
+      "\"123\",\"True\",\"True\",\"True\",\"0\",\"F\",\"2\",\"T\",\"3\",\"T\",\"0\",\"F\"\r\n");
+  auto input = CopyPair(dir, "v6.txt", "018 Aloha xref.txt");
+  auto call = XRefCall(dir, "Aloha v6", input);
+  call.Add({"--set", "chkXref=1", "--accept-defaults"});
+  auto result = call.Go();
+  ExpectAskedThenGolden(dir, call, result, "Corvane",
+                        "What is the name of your cross reference file?", "018 Aloha xref.txt",
+                        "Aloha v6", 3, 7, "v6",
+                        {"Code: QQ not found in xRef file.", "Unexpected Dollars Code 022 : Z"});
+}
+
+TEST(Alohav6113Translator, NoWorkbookLeavesTheCodesBlank) {
+  // The answer left at "*.xls": no workbook is read, and the figures go out without codes.
+  WorkDir dir;
+  auto input = CopyPair(dir, "v62.csv", "");
+  auto call = XRefCall(dir, "Aloha v6.1.1.3", input);
+  call.Add({"--accept-defaults"});
+  auto result = call.Go();
+  ASSERT_EQ(result.status, 0) << result.err;
+  const auto lines = CrLfLines(ReadBytes(ImportFile123(dir)));
+  // figures 7 and 8 are the hours here, 12 and the rest of the line the tippable sales, and
+  // the rate is never read: overtime of three jobs and the first job's sales
+  ASSERT_EQ(lines.size(), 4u);
+  EXPECT_EQ(lines[0], "\"1001\",\"Maria Lopez\",,,,,,,2.50,,,,,,,1,,,,,,,,,,,,,");
+  EXPECT_EQ(lines[1], "\"1001\",\"Maria Lopez\",,,,,,,,,,,,,85.50,1,,,,,,,,,,,,,");
+}
+
+}  // namespace
+}  // namespace corvane_test
+
+namespace corvane_test {
+namespace {
+
+TEST(AlohaLaborSchedTranslator, OnlyTheSummaryPartIsPaid) {
+  // A detail row before "SUMMARY" is not paid; "TOTALS:" ends the summary part, and a row
+  // whose lead field is not "0" ends the reading.
+  WorkDir dir;
+  WriteBytes(dir.root() / "sched.csv",
+             "Labor Scheduler\r\n1\r\n2\r\n3\r\n4\r\n5\r\n"
+             "0,1000,Detail,,,,,9.00,8,0,,0,,\r\n0,SUMMARY,,,,,,,,,,,,\r\na\r\nb\r\nc\r\n"
+             "0,1001,Maria,,,,,2.13,30,2.5,,12,,\r\n0,1002,Chen,,,,,9.00,0,0,,0,,\r\n"
+             "0,TOTALS:,,,,,,,,,,,,\r\n0,1003,After,,,,,9.00,5,0,,0,,\r\n9,end,,,,,,,,,,,,\r\n");
+  auto call = XRefCall(dir, "Aloha Labor Scheduler (5.3.19)", dir.root() / "sched.csv");
+  auto result = call.Go();
+  ExpectOnlyReport(dir, call, result, "Aloha Labor Scheduler (5.3.19)", 6, 3);
+  EXPECT_EQ(ReadBytes(ImportFile123(dir)),
+            "\"1001\",\"Maria\",,,,E,RG,2.13,30,,,,,,,1,,,,,,,,,,,,,\r\n"
+            "\"1001\",\"Maria\",,,,E,OV,2.13,2.5,,,,,,,1,,,,,,,,,,,,,\r\n"
+            "\"1001\",\"Maria\",,,,D,TP,2.13,,,,,,,12,1,,,,,,,,,,,,,\r\n");
+}
+
+}  // namespace
+}  // namespace corvane_test
