@@ -40,6 +40,9 @@ extern const Translator kTMv2xTranslator;
 extern const Translator kTMv20Translator;
 extern const Translator kTMv18Translator;
 extern const Translator kTimeManagementSystemsTranslator;
+// QsrSoft
+extern const Translator kQsrSoftTranslator;
+extern const Translator kQSRSoftv2Translator;
 
 const Translator* FindTranslator(std::string_view name) {
   static const Translator* const kAll[] = {
@@ -84,6 +87,9 @@ const Translator* FindTranslator(std::string_view name) {
       &kTMv20Translator,
       &kTMv18Translator,
       &kTimeManagementSystemsTranslator,
+      // QsrSoft
+      &kQsrSoftTranslator,
+      &kQSRSoftv2Translator,
   };
   if (name.empty()) return nullptr;
   for (const Translator* t : kAll) {
