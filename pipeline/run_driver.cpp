@@ -172,7 +172,9 @@ void frmTimeImport::InitFiles() {
   const ClockEntry* clock = FindClock(ChosenTC);
   try {
     if (qsr) {
-      File(QsrFileNumber).Open(INFile.str(), OpenMode::Byte);
+      // "QsrSoft" opens its export once more at every call, under the call's number, but
+      // reads it under number 1 alone: only the first opening matters to the reading.
+      if (QsrOUTFileCount == 1) File(1).Open(INFile.str(), OpenMode::Byte);
     } else if (clock != nullptr && clock->mode != OpenMode::None) {
       File(1).Open(INFile.str(), clock->mode, clock->record_length);
     }
@@ -180,14 +182,22 @@ void frmTimeImport::InitFiles() {
     throw FatalError(error);
   }
   // The first call of the all-companies run comes before any company is known.
-  if (qsr && QsrFileNumber == 1 && S.Checked(chkAll)) return;
+  if (qsr && QsrOUTFileCount == 1 && S.Checked(chkAll)) return;
 
   output_missing_ = false;
   try {
     if (!fs.folderexists(Output_Path.str())) fs.CreateFolder(Output_Path.str());
+    // Each company of a "QsrSoft" export gets its files in turn: the streams of the company
+    // before are let go, so that the run's one audit file and the management file start
+    // afresh with the new company, and the import file of the one before stays as written.
+    if (qsr) OutputStream.reset();
     OutputStream = fs.createtextfile(OUTFile.str(), true);
+    if (qsr) AuditStream.reset();
     AuditStream = fs.createtextfile(AuditFile.str(), true);
-    if (qsr) ExceptionStream = fs.createtextfile(OtherOUTFile, true);
+    if (qsr) {
+      ExceptionStream.reset();
+      ExceptionStream = fs.createtextfile(OtherOUTFile, true);
+    }
   } catch (const RuntimeError& error) {
     // "Ampay" and "QsrSoft" name their files from the file's contents and create them later.
     if (ChosenTC == "Ampay" || qsr) return;

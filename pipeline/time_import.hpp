@@ -82,8 +82,9 @@ class frmTimeImport {
   // The input record's employee and dollars fields of "ADP/Aspect", which its exception
   // line quotes.
   Value ADPAspect_EmpNo, ADPAspect_Dollars;
-  // The file number under which "QsrSoft" reads its export.
-  int QsrFileNumber = 1;
+  // "QsrSoft": the count of InitFiles calls in this run, which is also the number under which
+  // each call opens the export.
+  std::int16_t QsrOUTFileCount = 0;
 
   // The file system service and the output streams; a stream never created is null.
   FileSystem fs;

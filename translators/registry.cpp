@@ -57,6 +57,9 @@ extern const Translator kAlohaTranslator;
 extern const Translator kAlohaEnterpriseTranslator;
 extern const Translator kAlohaLaborSchedTranslator;
 extern const Translator kAlohaWGLTranslator;
+// QsrSoft
+extern const Translator kQsrSoftTranslator;
+extern const Translator kQSRSoftv2Translator;
 
 const Translator* FindTranslator(std::string_view name) {
   static const Translator* const kAll[] = {
@@ -118,6 +121,9 @@ const Translator* FindTranslator(std::string_view name) {
       &kAlohaEnterpriseTranslator,
       &kAlohaLaborSchedTranslator,
       &kAlohaWGLTranslator,
+      // QsrSoft
+      &kQsrSoftTranslator,
+      &kQSRSoftv2Translator,
   };
   if (name.empty()) return nullptr;
   for (const Translator* t : kAll) {
