@@ -46,11 +46,30 @@ struct Example {
   const char* settings;              // a folder of examples/settings copied into the run's settings
   std::vector<std::string> answers;  // the answers, in order, to the questions the run asks
   std::vector<Said> said;            // what the run shows before its report
+  // A format that names its files by location or by date: the location typed, and the names of
+  // the import and audit files the report gives.
+  const char* location = nullptr;
+  const char* out_file = "123_ta.txt";
+  const char* audit_file = "Corvane_Audit_123.txt";
 };
+
+// The same example run at a location, or with files named otherwise than 123_ta.txt.
+Example Named(Example example, const char* location, const char* out_file, const char* audit_file) {
+  example.location = location;
+  example.out_file = out_file;
+  example.audit_file = audit_file;
+  return example;
+}
 
 Said Message(std::string text, std::string title = "") {
   return {"message", std::move(title), std::move(text)};
 }
+
+Said Ask(std::string title, std::string prompt) {
+  return {"input", std::move(title), std::move(prompt)};
+}
+
+const char kXrefPrompt[] = "What is the name of the cross reference file you will use?";
 
 Said NeedsCode(const std::string& format, int column) {
   return Message(format + " column " + std::to_string(column) +
@@ -151,6 +170,115 @@ const std::vector<Example>& BundledExamples() {
       {"time-manager-v2-8-csv.txt", "Time Manager v2.8 csv", {}, 3, 7, "time-manager-v2-8-csv"},
       // An unknown pay code and a zero figure send nothing.
       {"time-management-systems.txt", "Time Management Systems", {}, 10, 8},
+      // A job missing from the cross-reference leaves the division blank; its hours still go out.
+      {"aloha-v6-2/aloha-v6-2.csv",
+       "Aloha v6.2",
+       {},
+       15,
+       9,
+       nullptr,
+       {"Alohav62_XRef.txt"},
+       {Ask("Aloha v6.2", kXrefPrompt)}},
+      // A rate of "0" sends regular and overtime hours with no rate.
+      {"aloha-v6-2-12/aloha-v6-2-12.csv",
+       "Aloha v6.2.12",
+       {},
+       12,
+       8,
+       nullptr,
+       {"Alohav6212_XRef.txt"},
+       {Ask("Aloha v6.2.12", kXrefPrompt)}},
+      // An unknown job keeps the division its row held for the employee before.
+      {"aloha-v6-2-27/aloha-v6-2-27.csv",
+       "Aloha v6.2.27",
+       {},
+       4,
+       9,
+       nullptr,
+       {"Alohav6227_XRef.txt"},
+       {Ask("Aloha v6.2.27", kXrefPrompt)}},
+      {"aloha-v5-3-17/aloha-v5-3-17.csv",
+       "Aloha v5.3.17",
+       {},
+       3,
+       7,
+       nullptr,
+       {"Alohav5317_XRef.txt"},
+       {Ask("Aloha v5.3.17", kXrefPrompt)}},
+      // The last line of the file is read and never looked at.
+      {"aloha-v5-3-20/aloha-v5-3-20.txt", "Aloha v5.3.20", {}, 13, 7},
+      {"aloha-v5-3-46/aloha-v5-3-46.csv",
+       "Aloha v5.3.46",
+       {},
+       6,
+       8,
+       nullptr,
+       {"Aloha v5.3.46 XRef.txt"},
+       {Ask("", "Enter the name of your cross reference file.")}},
+      // A job without a row in the workbook takes the codes of the job before it.
+      {"aloha-v6-1-1-3/aloha-v6-1-1-3.csv",
+       "Aloha v6.1.1.3",
+       {},
+       11,
+       8,
+       nullptr,
+       {"aloha-codes.xlsx"},
+       {Ask("Aloha v6.1.1.3", kXrefPrompt)}},
+      // An unknown code sends the hours of the code before it a second time.
+      {"aloha-v6/aloha-v6.txt",
+       "Aloha v6",
+       {},
+       4,
+       9,
+       nullptr,
+       {"018 Aloha xref.txt"},
+       {Ask("", "What is the name of your cross reference file?"),
+        Message("unexpected transaction type found: 030")}},
+      // A row without an SSN in column D sends nothing.
+      {"aloha-enterprise.xlsx", "Aloha Enterprise", {}, 7, 9},
+      {"aloha-labor-scheduler-5-3-19.csv", "Aloha Labor Scheduler (5.3.19)", {}, 8, 5},
+      // "End of Report" does not stop the reading; the wait hours go to boxes with no code.
+      {"aloha-wgl.csv", "Aloha WGL", {}, 3, 8},
+      // A rate row whose hours differ from the export's is not found.
+      {"positouch-csv/positouch-csv.csv", "POSiTouch (.csv)", {}, 4, 8},
+      {"positouch-flt.flt", "POSiTouch (.flt)", {}, 4, 11},
+      {"positouch-prn.prn", "POSiTouch (.prn)", {"chkPayRate=1"}, 2, 10},
+      {"positouch-long-prn.prn", "POSiTouch (long .prn)", {"chkPayRate=1"}, 2, 8},
+      // Every line counts; the employee row's extra amount goes out under code 15.
+      {"positouch-otb/positouch-otb.prn", "POSiTouch OTB", {}, 6, 5},
+      // The total row at the end is passed over; a job missing from the table has no code.
+      {"squirrel-pos-1-45/squirrel-pos-1-45.csv", "Squirrel POS 1.45", {}, 5, 9},
+      Named({"squirrel-v3-2.ccc", "Squirrel v3.2", {}, 3, 9}, "SW", "123_SW_ta.txt",
+            "Corvane_Audit_123_SW.txt"),
+      {"micros-3700-v4-1/micros-3700-v4-1.csv",
+       "Micros 3700 v4.1",
+       {"chkXref=1"},
+       3,
+       9,
+       nullptr,
+       {"Micros XRef.txt"},
+       {Ask("", "What is the name of your cross reference file?")}},
+      {"micros-3700-v4-1br/micros-3700-v4-1br.csv",
+       "Micros 3700 v4.1Br",
+       {"chkXref=1"},
+       3,
+       7,
+       nullptr,
+       {"Micros v4.1Br XRef.txt"},
+       {Ask("", "What is the name of your cross reference file?")}},
+      Named({"maitre-d/maitre-d.csv",
+             "Maitre'D",
+             {},
+             4,
+             6,
+             nullptr,
+             {"maitre d rate file.csv"},
+             {Ask("", "What is the name of your employee rate file?")}},
+            nullptr, "Sorrelin Import 123 11202026 .txt", "Corvane_Audit_123.txt"),
+      // Another company's rows are not counted; department 645 counts and writes nothing.
+      {"qsrsoft.csv", "QsrSoft", {}, 4, 7},
+      // A blank line ends the reading.
+      {"qsrsoft-v2.csv", "QSRSoft v2", {}, 4, 7},
   };
   return kExamples;
 }
@@ -163,6 +291,18 @@ void CopySettings(const WorkDir& dir, const char* settings) {
     fs::copy_file(entry.path(), dir.settings() / entry.path().filename(),
                   fs::copy_options::overwrite_existing);
   }
+}
+
+// An example in a folder of its own brings its side files: the whole folder is copied, so that
+// they lie beside the export under the names the format looks for.
+fs::path CopyExample(const WorkDir& dir, const std::string& file) {
+  const fs::path from = fs::path(CORVANE_EXAMPLES) / file;
+  const fs::path folder = fs::path(file).parent_path();
+  if (folder.empty()) return dir.CopyIn(from, file);
+  for (const fs::directory_entry& entry : fs::directory_iterator(from.parent_path())) {
+    dir.CopyIn(entry.path(), (folder / entry.path().filename()).string());
+  }
+  return dir.root() / file;
 }
 
 ::testing::AssertionResult IsSaid(const nlohmann::json& line, const Said& said) {
@@ -186,17 +326,14 @@ TEST_P(Examples, GivesTheCountsItsReadmeStates) {
     SCOPED_TRACE(example.format);
     WorkDir dir;
     CopySettings(dir, example.settings);
-    const fs::path input = dir.CopyIn(fs::path(CORVANE_EXAMPLES) / example.file, example.file);
+    const fs::path input = CopyExample(dir, example.file);
     RunCall call(dir);
     call.Add({"--format", example.format, "--company", "123", "--end-date", "11/20/2026", "--input",
               input.string(), "--output", dir.output().string()});
+    if (example.location != nullptr) call.Add({"--location", example.location});
     for (const std::string& set : example.sets) call.Add({"--set", set});
     for (const std::string& answer : example.answers) call.Add({"--answer", answer});
     const CommandResult result = call.Go();
-    if (example.said.empty()) {
-      ExpectOnlyReport(dir, call, result, example.format, example.records, example.lines);
-      return;
-    }
     ASSERT_FALSE(result.timed_out);
     ASSERT_EQ(result.status, 0) << result.err;
     const auto dialogue = Dialogue(call.Transcript());
@@ -206,7 +343,8 @@ TEST_P(Examples, GivesTheCountsItsReadmeStates) {
     }
     EXPECT_TRUE(IsMessage(dialogue.back(), "Corvane",
                           Report(example.format, example.records, example.lines,
-                                 ImportFile123(dir).string(), AuditFile123(dir).string()),
+                                 (dir.output() / example.out_file).string(),
+                                 (dir.output() / example.audit_file).string()),
                           {"OK"}, "OK"));
   }
 }
