@@ -210,7 +210,7 @@ const std::vector<Example>& BundledExamples() {
       {"aloha-v5-3-46/aloha-v5-3-46.csv",
        "Aloha v5.3.46",
        {},
-       6,
+       7,
        8,
        nullptr,
        {"Aloha v5.3.46 XRef.txt"},
