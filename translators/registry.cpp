@@ -40,6 +40,12 @@ extern const Translator kTMv2xTranslator;
 extern const Translator kTMv20Translator;
 extern const Translator kTMv18Translator;
 extern const Translator kTimeManagementSystemsTranslator;
+// POSiTouch
+extern const Translator kPOSiTouchPRNTranslator;
+extern const Translator kPOSiTouchPRNLong_GetRecTranslator;
+extern const Translator kPOSiTouchCSVTranslator;
+extern const Translator kPOSiTouchTranslator;
+extern const Translator kPOSiTouchOTBTranslator;
 
 const Translator* FindTranslator(std::string_view name) {
   static const Translator* const kAll[] = {
@@ -84,6 +90,12 @@ const Translator* FindTranslator(std::string_view name) {
       &kTMv20Translator,
       &kTMv18Translator,
       &kTimeManagementSystemsTranslator,
+      // POSiTouch
+      &kPOSiTouchPRNTranslator,
+      &kPOSiTouchPRNLong_GetRecTranslator,
+      &kPOSiTouchCSVTranslator,
+      &kPOSiTouchTranslator,
+      &kPOSiTouchOTBTranslator,
   };
   if (name.empty()) return nullptr;
   for (const Translator* t : kAll) {
