@@ -634,10 +634,11 @@ struct PosiOTBFields {
   std::string PosiLastName, PosiFirstName;
   // the employee row's amounts, paid with his first detail row
   Value PosiAmount11, PosiAmount15;
-  std::vector<std::string> field;
+  std::array<std::string, 16> field;  // fields 1 to 15 of the line
 };
 
 constexpr std::size_t kPosiXRefLast = 50;
+constexpr std::size_t kPosiOTBFields = 15;
 
 // Loads the cross-reference to the end of its file. A missing file leaves the table empty and
 // every division as the export gives it; lines past row 50 are passed over.
@@ -662,10 +663,21 @@ void POSiTouchOTB_LoadXRef(frmTimeImport& F) {
   in.Close();
 }
 
-// Field n (from 1) of the line; a field the line does not have is blank.
-const std::string& POSiTouchOTB_Field(const std::vector<std::string>& fields, std::size_t n) {
-  static const std::string kNone;
-  return n <= fields.size() ? fields[n - 1] : kNone;
+// Walks the first 15 fields of the line at its commas into the buffers kept from line to
+// line; a field the line does not have is blank.
+void POSiTouchOTB_Walk(PosiOTBFields& o, std::string_view line) {
+  std::size_t start = 0;
+  for (std::size_t n = 1; n <= kPosiOTBFields; ++n) {
+    std::string& field = o.field[n];
+    if (start > line.size()) {
+      field.clear();
+      continue;
+    }
+    const std::size_t comma = line.find(',', start);
+    const std::size_t end = comma == std::string_view::npos ? line.size() : comma;
+    field.assign(line.substr(start, end - start));
+    start = end + 1;
+  }
 }
 
 // A detail row's division: a code with a leading zero keeps its last two characters, then
@@ -708,8 +720,8 @@ void POSiTouchOTB(frmTimeImport& F) {
   PosiOTBFields& o = F.Fields<PosiOTBFields>();
   ImportRecord& r = F.ImportRec;
   const std::string& quote = F.quote;
-  o.field = Split(F.InRec, ",");
-  auto field = [&](std::size_t n) -> const std::string& { return POSiTouchOTB_Field(o.field, n); };
+  POSiTouchOTB_Walk(o, F.InRec);
+  auto field = [&](std::size_t n) -> const std::string& { return o.field[n]; };
   const std::string type = Trim(field(2));
 
   if (type == "0") {
