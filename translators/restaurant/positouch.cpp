@@ -93,74 +93,30 @@ constexpr std::string_view kPrnTitle = "Corvane - POSiTouch (.prn)";
 void POSiTouchPRNLong_GetRec(frmTimeImport& F) {
   PosiEmployee& e = F.Fields<PosiPRNFields>().e;
   const std::string& quote = F.quote;
+  // the fields of the line kept as values; the others are told one by one below
+  Value* const values[22] = {
+      nullptr,         &e.PosiRecType,  nullptr,         nullptr,         &e.PosiField4,
+      nullptr,         &e.PosiField6,   &e.PosiField7,   nullptr,         &e.PosiField9,
+      &e.PosiField10,  nullptr,         &e.PosiSales,    &e.PosiWageType, &e.PosiCCTips,
+      &e.PosiHolHours, &e.PosiDblHours, &e.PosiAdjHours, &e.PosiField18,  &e.PosiMisc,
+      &e.PosiAbs,      &e.PosiDisb,
+  };
   const std::vector<std::string> fields = Split(F.Build_String, ",");
   const std::size_t count = fields.size() < 21 ? fields.size() : 21;
   for (std::size_t n = 1; n <= count; ++n) {
     const std::string field = Trim(fields[n - 1]);
-    switch (n) {
-      case 1:
-        e.PosiRecType = field;
-        break;
-      case 2:
-        e.PosiName = Replace(field, quote, "");
-        break;
-      case 3:
-        e.PosiName = e.PosiName.str() + ", " + Replace(field, quote, "");
-        break;
-      case 4:
-        e.PosiField4 = field;
-        break;
-      case 5:
-        e.PosiSSN = FixedText(field, 11);
-        break;
-      case 6:
-        e.PosiField6 = field;
-        break;
-      case 7:
-        e.PosiField7 = field;
-        break;
-      case 8:
-        e.PosiOTHours = field;
-        break;
-      case 9:
-        e.PosiField9 = field;
-        break;
-      case 10:
-        e.PosiField10 = field;
-        break;
-      case 11:
-        e.PosiAdjDollars = field;
-        break;
-      case 12:
-        e.PosiSales = field;
-        break;
-      case 13:
-        e.PosiWageType = field;
-        break;
-      case 14:
-        e.PosiCCTips = field;
-        break;
-      case 15:
-        e.PosiHolHours = field;
-        break;
-      case 16:
-        e.PosiDblHours = field;
-        break;
-      case 17:
-        e.PosiAdjHours = field;
-        break;
-      case 18:
-        e.PosiField18 = field;
-        break;
-      case 19:
-        e.PosiMisc = field;
-        break;
-      case 20:
-        e.PosiAbs = field;
-        break;
-      default:
-        e.PosiDisb = field;
-        break;
+    if (values[n] != nullptr) {
+      *values[n] = field;
+    } else if (n == 2) {
+      e.PosiName = Replace(field, quote, "");
+    } else if (n == 3) {
+      e.PosiName = e.PosiName.str() + ", " + Replace(field, quote, "");
+    } else if (n == 5) {
+      e.PosiSSN = FixedText(field, 11);
+    } else if (n == 8) {
+      e.PosiOTHours = field;
+    } else {
+      e.PosiAdjDollars = field;  // 11
     }
   }
 }
