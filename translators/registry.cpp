@@ -60,6 +60,12 @@ extern const Translator kAlohaWGLTranslator;
 // QsrSoft
 extern const Translator kQsrSoftTranslator;
 extern const Translator kQSRSoftv2Translator;
+// POSiTouch
+extern const Translator kPOSiTouchPRNTranslator;
+extern const Translator kPOSiTouchPRNLong_GetRecTranslator;
+extern const Translator kPOSiTouchCSVTranslator;
+extern const Translator kPOSiTouchTranslator;
+extern const Translator kPOSiTouchOTBTranslator;
 
 const Translator* FindTranslator(std::string_view name) {
   static const Translator* const kAll[] = {
@@ -124,6 +130,12 @@ const Translator* FindTranslator(std::string_view name) {
       // QsrSoft
       &kQsrSoftTranslator,
       &kQSRSoftv2Translator,
+      // POSiTouch
+      &kPOSiTouchPRNTranslator,
+      &kPOSiTouchPRNLong_GetRecTranslator,
+      &kPOSiTouchCSVTranslator,
+      &kPOSiTouchTranslator,
+      &kPOSiTouchOTBTranslator,
   };
   if (name.empty()) return nullptr;
   for (const Translator* t : kAll) {
