@@ -9,9 +9,12 @@
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <map>
+#include <regex>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "pipeline/dispatch.hpp"
@@ -205,6 +208,57 @@ TEST_P(BadInput, AnExportThatIsNotThereEndsTheRunCleanly) {
   WorkDir dir;
   ExpectEndsCleanly(GetParam(), "missing file",
                     {"--input", (dir.root() / "gone" / "export.txt").string()}, dir);
+}
+
+// The bundled examples that bring side files: README's format table names each format's
+// example; one in a folder of its own has its side files beside it.
+struct SideFileExample {
+  std::string format;
+  fs::path folder;  // the example's folder under examples/
+  std::string export_name;
+};
+
+std::vector<SideFileExample> SideFileExamples() {
+  std::vector<SideFileExample> found;
+  const fs::path examples(CORVANE_EXAMPLES);
+  std::ifstream readme(examples.parent_path() / "README.md");
+  const std::regex row(R"re(^\| "([^"]+)" \|.*`examples/([^/`]+)/([^/`]+)`)re");
+  std::string line;
+  std::smatch m;
+  while (std::getline(readme, line)) {
+    if (std::regex_search(line, m, row)) found.push_back({m[1], examples / m[2].str(), m[3]});
+  }
+  return found;
+}
+
+// A side file beside the export that is missing, empty or noise: the run still ends cleanly.
+TEST(BadSideFiles, MissingEmptyOrNoisySideFilesEndTheRunCleanly) {
+  const std::vector<SideFileExample> examples = SideFileExamples();
+  ASSERT_FALSE(examples.empty());
+  for (const SideFileExample& example : examples) {
+    std::vector<std::string> side_files;
+    for (const fs::directory_entry& entry : fs::directory_iterator(example.folder)) {
+      const std::string name = entry.path().filename().string();
+      if (name != example.export_name) side_files.push_back(name);
+    }
+    ASSERT_FALSE(side_files.empty()) << example.folder;
+    for (const std::string& side : side_files) {
+      for (const char* what : {"missing", "empty", "noise"}) {
+        WorkDir dir;
+        for (const fs::directory_entry& entry : fs::directory_iterator(example.folder)) {
+          dir.CopyIn(entry.path(), entry.path().filename().string());
+        }
+        const fs::path target = dir.root() / side;
+        if (std::string(what) == "missing") {
+          fs::remove(target);
+        } else {
+          WriteBytes(target, std::string(what) == "empty" ? "" : Noise(4096, 777));
+        }
+        ExpectEndsCleanly(example.format, side + " " + what,
+                          {"--input", (dir.root() / example.export_name).string()}, dir);
+      }
+    }
+  }
 }
 
 std::string TestName(const ::testing::TestParamInfo<std::string>& info) {
