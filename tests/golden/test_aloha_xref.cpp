@@ -167,6 +167,35 @@ TEST(AlohaTranslator, TransactionChainsWithBreakoutAndCrossReference) {
                         {"Code: QQ not found in xRef file.", "Unexpected Dollars Code 022 : Z"});
 }
 
+TEST(Alohav6212Translator, CardTipsZeroRateAndBranch) {
+  // Covers: every "Emp" of the marker removed, inside the name too; the branch sent when
+  // chkBr is ticked; a rate at the minimum wage not below it, and one below it sending only
+  // overtime to the wait pair; a rate of "0" written blank with plain overtime; card tips
+  // before tips; tips holding the rest of the line, written with their comma; figures that
+  // are zero or text write nothing.
+  WorkDir dir;
+  auto input = CopyPair(dir, "v6212.csv", "Alohav6212_XRef.txt");
+  auto call = XRefCall(dir, "Aloha v6.2.12", input);
+  call.Add({"--set", "chkBr=1", "--accept-defaults"});
+  auto result = call.Go();
+  ExpectAskedThenGolden(dir, call, result, "Aloha v6.2.12", kAsk, "Alohav6212_XRef.txt",
+                        "Aloha v6.2.12", 11, 9, "v6212");
+}
+
+TEST(Alohav5317Translator, JobsBeyondTheTableAndTheCrossReferenceEnd) {
+  // Covers: an employee with 27 jobs, of which the first 25 are written and all 27 counted;
+  // only the first 25 rows of the side file kept, and the first of two rows of a job used;
+  // the figures at this version's places, unquoted, declared tips without what follows them;
+  // a job the file does not know keeping the division of the employee before; the branch.
+  WorkDir dir;
+  auto input = CopyPair(dir, "v5317.csv", "Alohav5317_XRef.txt");
+  auto call = XRefCall(dir, "Aloha v5.3.17", input);
+  call.Add({"--set", "chkBr=1", "--accept-defaults"});
+  auto result = call.Go();
+  ExpectAskedThenGolden(dir, call, result, "Aloha v5.3.17", kAsk, "Alohav5317_XRef.txt",
+                        "Aloha v5.3.17", 29, 31, "v5317");
+}
+
 TEST(Alohav6113Translator, NoWorkbookLeavesTheCodesBlank) {
   // The answer left at "*.xls": no workbook is read, and the figures go out without codes.
   WorkDir dir;
