@@ -196,6 +196,50 @@ TEST(Alohav5317Translator, JobsBeyondTheTableAndTheCrossReferenceEnd) {
                         "Aloha v5.3.17", 29, 31, "v5317");
 }
 
+TEST(AlohaTranslator, HoursCode018ByItsLetterWhenTheCrossReferenceIsNotTicked) {
+  // With chkXref clear, "018" names its category by its second character like "016" and
+  // "017", although a side file that knows both codes was read: "V" the third hours, "S"
+  // absence, and an unknown letter keeps the category before, with its message.
+  WorkDir dir;
+  auto input = CopyPair(dir, "v6_letters.txt", "v6_letters_xref.txt");
+  auto call = XRefCall(dir, "Aloha v6", input);
+  call.Add({"--set", "txtDbl=DB", "--set", "txtDblDE=E", "--set", "txtAbs=AB", "--set",
+            "txtAbsDE=E", "--answer", "v6_letters_xref.txt"});
+  auto result = call.Go();
+  ExpectAskedThenGolden(dir, call, result, "Corvane",
+                        "What is the name of your cross reference file?", "018 Aloha xref.txt",
+                        "Aloha v6", 1, 3, "v6_letters", {"Unexpected Hours Code 018: Q"});
+}
+
+TEST(AlohaWGLTranslator, FixedColumnsAndTheMinimumWage) {
+  // Covers: the number cut at six characters from position 9, leading zeros kept in the file
+  // and dropped in the audit; a rate at the minimum wage taking Regular and Overtime, one just
+  // below it and one with no whole part (written blank) taking the wait pair; figures beside
+  // the read columns ignored; a text figure skipped; "End of Report" not stopping the reading.
+  WorkDir dir;
+  auto input = dir.CopyIn(Fixture("aloha_xref/wgl.txt"), "wgl.txt");
+  auto call = XRefCall(dir, "Aloha WGL", input);
+  auto result = call.Go();
+  ExpectOnlyReport(dir, call, result, "Aloha WGL", 3, 8);
+  EXPECT_EQ(ReadBytes(ImportFile123(dir)), Expected("wgl_expected_ta.txt"));
+  EXPECT_EQ(ReadBytes(AuditFile123(dir)), Expected("wgl_expected_audit.txt"));
+}
+
+TEST(AlohaWGLTranslator, MinimumWageOfZeroSendsEveryRateToTheRegularPair) {
+  WorkDir dir;
+  auto input = dir.CopyIn(Fixture("aloha_xref/wgl.txt"), "wgl.txt");
+  auto call = XRefCall(dir, "Aloha WGL", input);
+  call.Add({"--set", "txtMinWage=0"});
+  auto result = call.Go();
+  ExpectOnlyReport(dir, call, result, "Aloha WGL", 3, 8);
+  const auto lines = CrLfLines(ReadBytes(ImportFile123(dir)));
+  const std::vector<std::string> codes{"RG", "OV", "TP", "RG", "OV", "RG", "TP", "OV"};
+  ASSERT_EQ(lines.size(), codes.size());
+  for (size_t i = 0; i < lines.size(); ++i) EXPECT_EQ(Fields(lines[i]).at(6), codes[i]) << i;
+  // the rate with no whole part still goes out blank
+  EXPECT_EQ(Fields(lines[5]).at(7), "");
+}
+
 TEST(Alohav6113Translator, NoWorkbookLeavesTheCodesBlank) {
   // The answer left at "*.xls": no workbook is read, and the figures go out without codes.
   WorkDir dir;
