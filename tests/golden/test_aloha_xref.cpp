@@ -240,6 +240,65 @@ TEST(AlohaWGLTranslator, MinimumWageOfZeroSendsEveryRateToTheRegularPair) {
   EXPECT_EQ(Fields(lines[5]).at(7), "");
 }
 
+// The progress texts the run showed, in order.
+std::vector<std::string> ProgressTexts(const RunCall& call) {
+  std::vector<std::string> texts;
+  for (const auto& line : call.Transcript()) {
+    if (line.value("kind", "") == "progress") texts.push_back(line.value("text", ""));
+  }
+  return texts;
+}
+
+TEST(Alohav6113Translator, EarningCodesFromTheFirstSheetOfTheWorkbook) {
+  // Covers: the workbook's first sheet read, not its active one; cells trimmed; a job with a
+  // regular and an overtime row getting both codes, a job with only a regular row keeping the
+  // overtime code of the job before, a job past the first blank code cell keeping both; card
+  // and declared tips under the tips code; tippable sales with quotes and commas removed; the
+  // rate never read; the code's first character the D-or-E, its last two the earning code.
+  WorkDir dir;
+  dir.CopyIn(Fixture("aloha_xref/workbooks/v6113 codes.xlsx"), "v6113 codes.xlsx");
+  auto input = dir.CopyIn(Fixture("aloha_xref/v6113.csv"), "v6113.csv");
+  auto call = XRefCall(dir, "Aloha v6.1.1.3", input);
+  call.Add({"--answer", "v6113 codes.xlsx"});
+  auto result = call.Go();
+  ExpectAskedThenGolden(dir, call, result, "Aloha v6.1.1.3", kAsk, "*.xls", "Aloha v6.1.1.3", 11,
+                        10, "v6113");
+  const auto progress = ProgressTexts(call);
+  const std::vector<std::string> shown{"Reading Excel Workbook...", "Processing Input File"};
+  ASSERT_GE(progress.size(), shown.size());
+  EXPECT_EQ(std::vector<std::string>(progress.begin(), progress.begin() + 2), shown);
+}
+
+TEST(AlohaEnterpriseTranslator, EmployeeRowsToldByTheirSocialSecurityNumber) {
+  // Covers: heading, subtotal and a row whose number has dashes passed over; the rate on
+  // every line, dollars included, with chkPayRate ticked; a zero or blank column skipped and
+  // a negative one written; the columns between the read ones ignored; the "Grand" row
+  // counted and ending the reading before the row under it; a text employee number keeping
+  // its zeros in the file but not in the audit.
+  WorkDir dir;
+  auto input = dir.CopyIn(Fixture("aloha_xref/workbooks/enterprise.xls"), "enterprise.xls");
+  auto call = XRefCall(dir, "Aloha Enterprise", input);
+  call.Add({"--set", "txtDbl=DB", "--set", "txtDblDE=E", "--set", "txt17=C17", "--set",
+            "txt17DE=E", "--set", "chkPayRate=1"});
+  auto result = call.Go();
+  ExpectOnlyReport(dir, call, result, "Aloha Enterprise", 7, 9);
+  EXPECT_EQ(ReadBytes(ImportFile123(dir)), Expected("enterprise_expected_ta.txt"));
+  EXPECT_EQ(ReadBytes(AuditFile123(dir)), Expected("enterprise_expected_audit.txt"));
+}
+
+TEST(AlohaEnterpriseTranslator, NoRateWithoutThePayRateBox) {
+  WorkDir dir;
+  auto input = dir.CopyIn(Fixture("aloha_xref/workbooks/enterprise.xls"), "enterprise.xls");
+  auto call = XRefCall(dir, "Aloha Enterprise", input);
+  call.Add({"--set", "chkPayRate=0"});
+  auto result = call.Go();
+  ExpectOnlyReport(dir, call, result, "Aloha Enterprise", 7, 9);
+  const auto lines = CrLfLines(ReadBytes(ImportFile123(dir)));
+  ASSERT_EQ(lines.size(), 9u);
+  // the name holds a comma, so the rate stands one place further on
+  for (const std::string& line : lines) EXPECT_EQ(Fields(line).at(8), "") << line;
+}
+
 TEST(Alohav6113Translator, NoWorkbookLeavesTheCodesBlank) {
   // The answer left at "*.xls": no workbook is read, and the figures go out without codes.
   WorkDir dir;
