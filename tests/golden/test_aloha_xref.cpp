@@ -124,9 +124,10 @@ TEST(Alohav5320Translator, WordsOfTheFiguresLineAndTheLastLineNeverLookedAt) {
 
 TEST(Alohav5346Translator, TotalsRowAfterTheMarkerAndJobsInAnyCase) {
   // Covers: the question asked again after a blank answer; jobs found whatever their case;
-  // a job not found keeps the department before; rows with a rate before the marker are
-  // not paid; the marker row's own field 2 stands as the employee number; the row that ends
-  // the file is not read.
+  // a job not found, or none on the totals row, keeps the department before, even from the
+  // employee before; job rows with a rate before the marker are not paid; the totals row
+  // brings its own employee number back over the marker's; a zero figure not written; a
+  // lead field other than "0" ends the reading.
   WorkDir dir;
   auto input = CopyPair(dir, "v5346.csv", "Aloha v5.3.46 XRef.txt");
   auto call = XRefCall(dir, "Aloha v5.3.46", input);
@@ -141,7 +142,7 @@ TEST(Alohav5346Translator, TotalsRowAfterTheMarkerAndJobsInAnyCase) {
   }
   EXPECT_TRUE(IsMessage(
       dialogue[2], "Corvane",
-      Report("Aloha v5.3.46", 6, 6, ImportFile123(dir).string(), AuditFile123(dir).string()),
+      Report("Aloha v5.3.46", 7, 7, ImportFile123(dir).string(), AuditFile123(dir).string()),
       {"OK"}, "OK"));
   EXPECT_EQ(ReadBytes(ImportFile123(dir)), Expected("v5346_expected_ta.txt"));
   EXPECT_EQ(ReadBytes(AuditFile123(dir)), Expected("v5346_expected_audit.txt"));
