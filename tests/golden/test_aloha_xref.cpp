@@ -279,8 +279,8 @@ TEST(AlohaEnterpriseTranslator, EmployeeRowsToldByTheirSocialSecurityNumber) {
   WorkDir dir;
   auto input = dir.CopyIn(Fixture("aloha_xref/workbooks/enterprise.xls"), "enterprise.xls");
   auto call = XRefCall(dir, "Aloha Enterprise", input);
-  call.Add({"--set", "txtDbl=DB", "--set", "txtDblDE=E", "--set", "txt17=C17", "--set",
-            "txt17DE=E", "--set", "chkPayRate=1"});
+  call.Add({"--set", "txtDbl=DB", "--set", "txtDblDE=E", "--set", "txt17=C17", "--set", "txt17DE=E",
+            "--set", "chkPayRate=1"});
   auto result = call.Go();
   ExpectOnlyReport(dir, call, result, "Aloha Enterprise", 7, 9);
   EXPECT_EQ(ReadBytes(ImportFile123(dir)), Expected("enterprise_expected_ta.txt"));
