@@ -124,9 +124,10 @@ TEST(Alohav5320Translator, WordsOfTheFiguresLineAndTheLastLineNeverLookedAt) {
 
 TEST(Alohav5346Translator, TotalsRowAfterTheMarkerAndJobsInAnyCase) {
   // Covers: the question asked again after a blank answer; jobs found whatever their case;
-  // a job not found keeps the department before; rows with a rate before the marker are
-  // not paid; the marker row's own field 2 stands as the employee number; the row that ends
-  // the file is not read.
+  // a job not found, or none on the totals row, keeps the department before, even from the
+  // employee before; job rows with a rate before the marker are not paid; the totals row
+  // brings its own employee number back over the marker's; a zero figure not written; a
+  // lead field other than "0" ends the reading.
   WorkDir dir;
   auto input = CopyPair(dir, "v5346.csv", "Aloha v5.3.46 XRef.txt");
   auto call = XRefCall(dir, "Aloha v5.3.46", input);
@@ -141,7 +142,7 @@ TEST(Alohav5346Translator, TotalsRowAfterTheMarkerAndJobsInAnyCase) {
   }
   EXPECT_TRUE(IsMessage(
       dialogue[2], "Corvane",
-      Report("Aloha v5.3.46", 6, 6, ImportFile123(dir).string(), AuditFile123(dir).string()),
+      Report("Aloha v5.3.46", 7, 7, ImportFile123(dir).string(), AuditFile123(dir).string()),
       {"OK"}, "OK"));
   EXPECT_EQ(ReadBytes(ImportFile123(dir)), Expected("v5346_expected_ta.txt"));
   EXPECT_EQ(ReadBytes(AuditFile123(dir)), Expected("v5346_expected_audit.txt"));
@@ -165,6 +166,138 @@ TEST(AlohaTranslator, TransactionChainsWithBreakoutAndCrossReference) {
                         "What is the name of your cross reference file?", "018 Aloha xref.txt",
                         "Aloha v6", 3, 7, "v6",
                         {"Code: QQ not found in xRef file.", "Unexpected Dollars Code 022 : Z"});
+}
+
+TEST(Alohav6212Translator, CardTipsZeroRateAndBranch) {
+  // Covers: every "Emp" of the marker removed, inside the name too; the branch sent when
+  // chkBr is ticked; a rate at the minimum wage not below it, and one below it sending only
+  // overtime to the wait pair; a rate of "0" written blank with plain overtime; card tips
+  // before tips; tips holding the rest of the line, written with their comma; figures that
+  // are zero or text write nothing.
+  WorkDir dir;
+  auto input = CopyPair(dir, "v6212.csv", "Alohav6212_XRef.txt");
+  auto call = XRefCall(dir, "Aloha v6.2.12", input);
+  call.Add({"--set", "chkBr=1", "--accept-defaults"});
+  auto result = call.Go();
+  ExpectAskedThenGolden(dir, call, result, "Aloha v6.2.12", kAsk, "Alohav6212_XRef.txt",
+                        "Aloha v6.2.12", 11, 9, "v6212");
+}
+
+TEST(Alohav5317Translator, JobsBeyondTheTableAndTheCrossReferenceEnd) {
+  // Covers: an employee with 27 jobs, of which the first 25 are written and all 27 counted;
+  // only the first 25 rows of the side file kept, and the first of two rows of a job used;
+  // the figures at this version's places, unquoted, declared tips without what follows them;
+  // a job the file does not know keeping the division of the employee before; the branch.
+  WorkDir dir;
+  auto input = CopyPair(dir, "v5317.csv", "Alohav5317_XRef.txt");
+  auto call = XRefCall(dir, "Aloha v5.3.17", input);
+  call.Add({"--set", "chkBr=1", "--accept-defaults"});
+  auto result = call.Go();
+  ExpectAskedThenGolden(dir, call, result, "Aloha v5.3.17", kAsk, "Alohav5317_XRef.txt",
+                        "Aloha v5.3.17", 29, 31, "v5317");
+}
+
+TEST(AlohaTranslator, HoursCode018ByItsLetterWhenTheCrossReferenceIsNotTicked) {
+  // With chkXref clear, "018" names its category by its second character like "016" and
+  // "017", although a side file that knows both codes was read: "V" the third hours, "S"
+  // absence, and an unknown letter keeps the category before, with its message.
+  WorkDir dir;
+  auto input = CopyPair(dir, "v6_letters.txt", "v6_letters_xref.txt");
+  auto call = XRefCall(dir, "Aloha v6", input);
+  call.Add({"--set", "txtDbl=DB", "--set", "txtDblDE=E", "--set", "txtAbs=AB", "--set",
+            "txtAbsDE=E", "--answer", "v6_letters_xref.txt"});
+  auto result = call.Go();
+  ExpectAskedThenGolden(dir, call, result, "Corvane",
+                        "What is the name of your cross reference file?", "018 Aloha xref.txt",
+                        "Aloha v6", 1, 3, "v6_letters", {"Unexpected Hours Code 018: Q"});
+}
+
+TEST(AlohaWGLTranslator, FixedColumnsAndTheMinimumWage) {
+  // Covers: the number cut at six characters from position 9, leading zeros kept in the file
+  // and dropped in the audit; a rate at the minimum wage taking Regular and Overtime, one just
+  // below it and one with no whole part (written blank) taking the wait pair; figures beside
+  // the read columns ignored; a text figure skipped; "End of Report" not stopping the reading.
+  WorkDir dir;
+  auto input = dir.CopyIn(Fixture("aloha_xref/wgl.txt"), "wgl.txt");
+  auto call = XRefCall(dir, "Aloha WGL", input);
+  auto result = call.Go();
+  ExpectOnlyReport(dir, call, result, "Aloha WGL", 3, 8);
+  EXPECT_EQ(ReadBytes(ImportFile123(dir)), Expected("wgl_expected_ta.txt"));
+  EXPECT_EQ(ReadBytes(AuditFile123(dir)), Expected("wgl_expected_audit.txt"));
+}
+
+TEST(AlohaWGLTranslator, MinimumWageOfZeroSendsEveryRateToTheRegularPair) {
+  WorkDir dir;
+  auto input = dir.CopyIn(Fixture("aloha_xref/wgl.txt"), "wgl.txt");
+  auto call = XRefCall(dir, "Aloha WGL", input);
+  call.Add({"--set", "txtMinWage=0"});
+  auto result = call.Go();
+  ExpectOnlyReport(dir, call, result, "Aloha WGL", 3, 8);
+  const auto lines = CrLfLines(ReadBytes(ImportFile123(dir)));
+  const std::vector<std::string> codes{"RG", "OV", "TP", "RG", "OV", "RG", "TP", "OV"};
+  ASSERT_EQ(lines.size(), codes.size());
+  for (size_t i = 0; i < lines.size(); ++i) EXPECT_EQ(Fields(lines[i]).at(6), codes[i]) << i;
+  // the rate with no whole part still goes out blank
+  EXPECT_EQ(Fields(lines[5]).at(7), "");
+}
+
+// The progress texts the run showed, in order.
+std::vector<std::string> ProgressTexts(const RunCall& call) {
+  std::vector<std::string> texts;
+  for (const auto& line : call.Transcript()) {
+    if (line.value("kind", "") == "progress") texts.push_back(line.value("text", ""));
+  }
+  return texts;
+}
+
+TEST(Alohav6113Translator, EarningCodesFromTheFirstSheetOfTheWorkbook) {
+  // Covers: the workbook's first sheet read, not its active one; cells trimmed; a job with a
+  // regular and an overtime row getting both codes, a job with only a regular row keeping the
+  // overtime code of the job before, a job past the first blank code cell keeping both; card
+  // and declared tips under the tips code; tippable sales with quotes and commas removed; the
+  // rate never read; the code's first character the D-or-E, its last two the earning code.
+  WorkDir dir;
+  dir.CopyIn(Fixture("aloha_xref/workbooks/v6113 codes.xlsx"), "v6113 codes.xlsx");
+  auto input = dir.CopyIn(Fixture("aloha_xref/v6113.csv"), "v6113.csv");
+  auto call = XRefCall(dir, "Aloha v6.1.1.3", input);
+  call.Add({"--answer", "v6113 codes.xlsx"});
+  auto result = call.Go();
+  ExpectAskedThenGolden(dir, call, result, "Aloha v6.1.1.3", kAsk, "*.xls", "Aloha v6.1.1.3", 11,
+                        10, "v6113");
+  const auto progress = ProgressTexts(call);
+  const std::vector<std::string> shown{"Reading Excel Workbook...", "Processing Input File"};
+  ASSERT_GE(progress.size(), shown.size());
+  EXPECT_EQ(std::vector<std::string>(progress.begin(), progress.begin() + 2), shown);
+}
+
+TEST(AlohaEnterpriseTranslator, EmployeeRowsToldByTheirSocialSecurityNumber) {
+  // Covers: heading, subtotal and a row whose number has dashes passed over; the rate on
+  // every line, dollars included, with chkPayRate ticked; a zero or blank column skipped and
+  // a negative one written; the columns between the read ones ignored; the "Grand" row
+  // counted and ending the reading before the row under it; a text employee number keeping
+  // its zeros in the file but not in the audit.
+  WorkDir dir;
+  auto input = dir.CopyIn(Fixture("aloha_xref/workbooks/enterprise.xls"), "enterprise.xls");
+  auto call = XRefCall(dir, "Aloha Enterprise", input);
+  call.Add({"--set", "txtDbl=DB", "--set", "txtDblDE=E", "--set", "txt17=C17", "--set", "txt17DE=E",
+            "--set", "chkPayRate=1"});
+  auto result = call.Go();
+  ExpectOnlyReport(dir, call, result, "Aloha Enterprise", 7, 9);
+  EXPECT_EQ(ReadBytes(ImportFile123(dir)), Expected("enterprise_expected_ta.txt"));
+  EXPECT_EQ(ReadBytes(AuditFile123(dir)), Expected("enterprise_expected_audit.txt"));
+}
+
+TEST(AlohaEnterpriseTranslator, NoRateWithoutThePayRateBox) {
+  WorkDir dir;
+  auto input = dir.CopyIn(Fixture("aloha_xref/workbooks/enterprise.xls"), "enterprise.xls");
+  auto call = XRefCall(dir, "Aloha Enterprise", input);
+  call.Add({"--set", "chkPayRate=0"});
+  auto result = call.Go();
+  ExpectOnlyReport(dir, call, result, "Aloha Enterprise", 7, 9);
+  const auto lines = CrLfLines(ReadBytes(ImportFile123(dir)));
+  ASSERT_EQ(lines.size(), 9u);
+  // the name holds a comma, so the rate stands one place further on
+  for (const std::string& line : lines) EXPECT_EQ(Fields(line).at(8), "") << line;
 }
 
 TEST(Alohav6113Translator, NoWorkbookLeavesTheCodesBlank) {
