@@ -12,7 +12,6 @@
 #include <fstream>
 #include <functional>
 #include <map>
-#include <regex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -222,11 +221,19 @@ std::vector<SideFileExample> SideFileExamples() {
   std::vector<SideFileExample> found;
   const fs::path examples(CORVANE_EXAMPLES);
   std::ifstream readme(examples.parent_path() / "README.md");
-  const std::regex row(R"re(^\| "([^"]+)" \|.*`examples/([^/`]+)/([^/`]+)`)re");
   std::string line;
-  std::smatch m;
   while (std::getline(readme, line)) {
-    if (std::regex_search(line, m, row)) found.push_back({m[1], examples / m[2].str(), m[3]});
+    // | "Name" | [page](docs/formats/page.md) | `examples/folder/export` |
+    if (!line.starts_with("| \"")) continue;
+    const std::size_t name_end = line.find('"', 3);
+    const std::size_t at = line.find("`examples/");
+    if (name_end == std::string::npos || at == std::string::npos) continue;
+    const std::size_t end = line.find('`', at + 1);
+    const std::string path = line.substr(at + 10, end - at - 10);
+    const std::size_t slash = path.find('/');
+    if (slash == std::string::npos) continue;  // an example without side files
+    found.push_back(
+        {line.substr(3, name_end - 3), examples / path.substr(0, slash), path.substr(slash + 1)});
   }
   return found;
 }
