@@ -154,18 +154,22 @@ TEST(AlohaTranslator, TransactionChainsWithBreakoutAndCrossReference) {
   // tips written twice when a shift code follows them; code 018 through the cross-reference, and a
   // code it lacks keeping the earning code before; an unknown dollars letter; lines other than "B"
   // unread; a rate token that writes nothing, its rate standing for the hours token after it.
-  WorkDir dir;
-  WriteBytes(
-      dir.settings() / "TimeImport_TMsettings.dat",
-      "\"123\",\"True\",\"True\",\"True\",\"0\",\"F\",\"2\",\"T\",\"3\",\"T\",\"0\",\"F\"\r\n");
-  auto input = CopyPair(dir, "v6.txt", "018 Aloha xref.txt");
-  auto call = XRefCall(dir, "Aloha v6", input);
-  call.Add({"--set", "chkXref=1", "--accept-defaults"});
-  auto result = call.Go();
-  ExpectAskedThenGolden(dir, call, result, "Corvane",
-                        "What is the name of your cross reference file?", "018 Aloha xref.txt",
-                        "Aloha v6", 3, 7, "v6",
-                        {"Code: QQ not found in xRef file.", "Unexpected Dollars Code 022 : Z"});
+  // the screen shows the cross-reference box as chkBr ("Use 018 xRef?"); chkXref serves alike
+  for (const char* box : {"chkXref=1", "chkBr=1"}) {
+    SCOPED_TRACE(box);
+    WorkDir dir;
+    WriteBytes(
+        dir.settings() / "TimeImport_TMsettings.dat",
+        "\"123\",\"True\",\"True\",\"True\",\"0\",\"F\",\"2\",\"T\",\"3\",\"T\",\"0\",\"F\"\r\n");
+    auto input = CopyPair(dir, "v6.txt", "018 Aloha xref.txt");
+    auto call = XRefCall(dir, "Aloha v6", input);
+    call.Add({"--set", box, "--accept-defaults"});
+    auto result = call.Go();
+    ExpectAskedThenGolden(dir, call, result, "Corvane",
+                          "What is the name of your cross reference file?", "018 Aloha xref.txt",
+                          "Aloha v6", 3, 7, "v6",
+                          {"Code: QQ not found in xRef file.", "Unexpected Dollars Code 022 : Z"});
+  }
 }
 
 TEST(Alohav6212Translator, CardTipsZeroRateAndBranch) {

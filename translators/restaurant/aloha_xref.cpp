@@ -746,7 +746,9 @@ void Aloha_Code(frmTimeImport& F, const std::string& C, const std::string& T, lo
     r.Hours = Mid(T, 8, 1) == "-" ? "-" + hours : hours;
     r.Amount = "";
     step = 9;
-  } else if (C == "018" && F.S.Checked(chkXref)) {
+  } else if (C == "018" && (F.S.Checked(chkXref) || F.S.Checked(chkBr))) {
+    // the cross-reference box of this clock is shown as chkBr, captioned "Use 018 xRef?",
+    // while chkXref stays hidden: either box ticked sends code 018 to the cross-reference
     const std::string code = Trim(Left(T, 2));
     const auto row = std::find_if(a.xref.begin(), a.xref.end(),
                                   [&](const AlohaFields::Row& x) { return x.code == code; });
