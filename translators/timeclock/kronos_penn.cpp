@@ -4,9 +4,11 @@
 // each of those phases has its own message when it fails, after which the run goes straight to
 // "Finished" with whatever was written so far.
 #include <array>
+#include <charconv>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "pipeline/time_import.hpp"
@@ -243,7 +245,8 @@ bool KronPenn_Write(frmTimeImport& F, const KronPennTables& t) {
     const long last = F.TCcount - 1;
     for (i = 1; i <= last; ++i) {
       shown.assign("Writing data...");
-      shown += std::to_string(i);
+      char digits[24];
+      shown.append(digits, std::to_chars(digits, digits + sizeof digits, i).ptr);
       F.ui.Progress(shown);
       const KronPennEmployee& e = t.employees[static_cast<std::size_t>(i)];
       r.Employee_no = e.Employee_no;
@@ -256,7 +259,8 @@ bool KronPenn_Write(frmTimeImport& F, const KronPennTables& t) {
       KronPenn_Map(t, &KronPennMapping::DepartmentKey, &KronPennMapping::DepartmentValue,
                    e.Department, r.Department);
       KronPenn_PayCode(F, t, e.PayCode);
-      r.payrate = NumericAbove0(Value(e.Rate)) ? Value(e.Rate) : Value("");
+      Value rate(e.Rate);
+      r.payrate = NumericAbove0(rate) ? std::move(rate) : Value("");
       r.Job = e.Job;
       r.Shift = e.Shift;
       if (NumericAbove0(r.Hours)) F.WriteOutputRec();
