@@ -66,6 +66,8 @@ extern const Translator kPOSiTouchPRNLong_GetRecTranslator;
 extern const Translator kPOSiTouchCSVTranslator;
 extern const Translator kPOSiTouchTranslator;
 extern const Translator kPOSiTouchOTBTranslator;
+// Workbook-driven
+extern const Translator kKronPennTranslator;
 
 const Translator* FindTranslator(std::string_view name) {
   static const Translator* const kAll[] = {
@@ -136,6 +138,8 @@ const Translator* FindTranslator(std::string_view name) {
       &kPOSiTouchCSVTranslator,
       &kPOSiTouchTranslator,
       &kPOSiTouchOTBTranslator,
+      // Workbook-driven
+      &kKronPennTranslator,
   };
   if (name.empty()) return nullptr;
   for (const Translator* t : kAll) {
