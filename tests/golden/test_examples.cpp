@@ -20,9 +20,10 @@ namespace fs = std::filesystem;
 // A message or a question shown before the report, in the order shown. An empty title is not
 // compared: the column reports and the transaction messages take the program's default title.
 struct Said {
-  const char* kind;  // "message" (answered "OK") or "input"
+  const char* kind;  // "message" (answered with its first button) or "input"
   std::string title;
   std::string text;  // a message's text, or a question's prompt
+  std::vector<std::string> buttons = {"OK"};
 };
 
 struct Example {
@@ -51,6 +52,9 @@ struct Example {
   const char* location = nullptr;
   const char* out_file = "123_ta.txt";
   const char* audit_file = "Corvane_Audit_123.txt";
+  // The questions take their defaults: side files found beside the export under the names
+  // the format looks for, as a bureau's script would run it.
+  bool accept_defaults = false;
 };
 
 // The same example run at a location, or with files named otherwise than 123_ta.txt.
@@ -63,6 +67,17 @@ Example Named(Example example, const char* location, const char* out_file, const
 
 Said Message(std::string text, std::string title = "") {
   return {"message", std::move(title), std::move(text)};
+}
+
+// A message that lets the operator stop the reading; the run answers "OK" and goes on.
+Said OkCancel(std::string text, std::string title) {
+  return {"message", std::move(title), std::move(text), {"OK", "Cancel"}};
+}
+
+// The same example run with --accept-defaults.
+Example Defaults(Example example) {
+  example.accept_defaults = true;
+  return example;
 }
 
 Said Ask(std::string title, std::string prompt) {
@@ -279,6 +294,130 @@ const std::vector<Example>& BundledExamples() {
       {"qsrsoft.csv", "QsrSoft", {}, 4, 7},
       // A blank line ends the reading.
       {"qsrsoft-v2.csv", "QSRSoft v2", {}, 4, 7},
+      // The sheet ends at "Totals:" (row 8); a numeric name in column A is passed over, and a
+      // name missing from the employee file goes out as "???".
+      Defaults({"deltek/deltek.xls",
+                "Deltek",
+                {},
+                8,
+                7,
+                nullptr,
+                {},
+                {Ask("Corvane - Deltek - Employees", "Where is the Employee File?"),
+                 Ask("Corvane - Deltek - Departments", "Where is the Department File?")}}),
+      // A column named twice in the map sends its hours twice; "Total" lines count and send
+      // nothing.
+      Defaults({"deltek-v6-15/deltek-v6-15.csv",
+                "Deltek v6.15",
+                {},
+                5,
+                6,
+                nullptr,
+                {},
+                {Ask("", "Please enter the name of cross reference file.")}}),
+      // A labor code shorter than 9 characters is regular time; pay type "X" sends nothing.
+      {"deltek-v8-3.csv", "Deltek v8.3", {}, 7, 5},
+      // The head record is not counted; the cut record at the end is not read.
+      {"deltek-v8-3-fixed.txt", "Deltek v8.3 Fixed", {}, 5, 4},
+      // Overtime codes 02 and 62 go out twice, the second time negated as 01 and 61; the last
+      // line of the file is counted and not translated.
+      Defaults({"monolith/monolith.txt",
+                "Monolith",
+                {"chkXref=1"},
+                9,
+                8,
+                nullptr,
+                {},
+                {Ask("Corvane - Monolith - xRef file",
+                     "Where is the Job > Department Cross Reference File?"),
+                 Ask("Corvane - Monolith", "Should we subtract OT from Regular? (Y/N)")}}),
+      // OT1 alone gives one line under the third box.
+      {"datatrak.txt", "DataTrak", {}, 4, 7},
+      // An unknown code is asked about and sent with the file's own code; dollars of 0.00 are
+      // not sent.
+      {"drake-williams.txt",
+       "Drake-Williams",
+       {},
+       3,
+       7,
+       nullptr,
+       {"OK"},
+       {OkCancel("Unexpected Earning Code: PK\rEmployee: NGUYEN, THAO",
+                 "Corvane - Drake-Williams")}},
+      // Three lines of one employee and code fold into one; a code missing from the map is
+      // not paid, an employee missing from it goes out by SSN alone.
+      Defaults({"great-plains/great-plains.csv",
+                "Great Plains",
+                {},
+                8,
+                5,
+                nullptr,
+                {},
+                {Ask("", "Please enter the name of the Employee Number Mapping file."),
+                 Ask("", "Please enter the name of the Earning Code Mapping file."),
+                 Ask("", "Please enter the name of the Department Code Mapping file.")}}),
+      // A row without a last name is counted and not translated; advances go out twice.
+      {"hill.xls", "Hill", {}, 7, 9},
+      // The line behind a run of employee lines is passed over unread.
+      {"hill-ascii.txt", "Hill Ascii", {}, 4, 9},
+      // A negative figure is not sent; a short SSN is padded to nine digits.
+      {"hill-csv.csv", "Hill csv", {}, 4, 8},
+      {"hill-tmw.csv", "Hill-TMW", {}, 3, 9},
+      // The count stands one past the last row; an unmapped pay code keeps the category of the
+      // row before, and the blank row 7 hides row 8.
+      {"kronos-penn/kronos-penn.xls", "Kronos Penn", {}, 7, 5},
+      // An unknown code goes out with "?"; hours that are no number go out as .00 and are
+      // dropped.
+      {"timeclock-plus.txt",
+       "Timeclock Plus",
+       {},
+       6,
+       5,
+       nullptr,
+       {},
+       {Message("Unknown Earning Code: SHIFTDIF"),
+        Message("Emp# 1003, Hours = N/A", "Corvane: Timeclock Plus")}},
+      // Rows without a name belong to the employee above; "jd" never matches.
+      {"timeclock-plus-bezion.txt", "Timeclock Plus (Bezion)", {}, 6, 6},
+      {"timeclock-plus-pro-v5-0.txt",
+       "Timeclock Plus Pro v5.0",
+       {},
+       6,
+       7,
+       nullptr,
+       {},
+       {Message("Unknown Earning Code: PTO", "Corvane: Timeclock Plus Pro v5.0")}},
+      // A blank line is passed over with the row behind it; the second hours go out as E03.
+      {"timeclock-plus-pro-v5-0-2-189.dat", "Timeclock Plus Pro v5.0.2.189", {}, 4, 6},
+      // A blank line is not counted; the salary goes out as dollars.
+      {"infotronics.csv", "Infotronics", {}, 4, 8},
+      // A key twice in the code file takes the later row; hours of 0.00 pass the line over.
+      {"infotronics-2/infotronics-2.1T2",
+       "Infotronics 2",
+       {},
+       7,
+       6,
+       nullptr,
+       {},
+       {Message("Unknown type of Earning Code: TRAIN for EE# 7103")}},
+      {"infotronics-ae-1-0-3.csv", "Infotronics AE 1.0.3", {}, 4, 8},
+      // An unknown code goes out under the category of the record before.
+      {"ae-v1-0-27-6.txt",
+       "AE v1.0.27.6",
+       {},
+       7,
+       6,
+       nullptr,
+       {},
+       {Message("Unexpected Earning Code: P for EE# 008103 - 4.0 hours")}},
+      {"ae-v1-0-28-616.csv",
+       "AE v1.0.28.616",
+       {},
+       6,
+       5,
+       "ae-v1-0-28-616",
+       {},
+       {Message("Pay Designation 7 needs an Earning Code assigned to it.")}},
   };
   return kExamples;
 }
@@ -307,7 +446,7 @@ fs::path CopyExample(const WorkDir& dir, const std::string& file) {
 
 ::testing::AssertionResult IsSaid(const nlohmann::json& line, const Said& said) {
   if (std::string(said.kind) == "message")
-    return IsMessage(line, said.title, said.text, {"OK"}, "OK");
+    return IsMessage(line, said.title, said.text, said.buttons, said.buttons.front());
   if (line.value("kind", "") != "input")
     return ::testing::AssertionFailure() << "not a question: " << line.dump();
   if (!said.title.empty() && TranscriptBytes(line.value("title", "")) != said.title)
@@ -333,6 +472,7 @@ TEST_P(Examples, GivesTheCountsItsReadmeStates) {
     if (example.location != nullptr) call.Add({"--location", example.location});
     for (const std::string& set : example.sets) call.Add({"--set", set});
     for (const std::string& answer : example.answers) call.Add({"--answer", answer});
+    if (example.accept_defaults) call.Add({"--accept-defaults"});
     const CommandResult result = call.Go();
     ASSERT_FALSE(result.timed_out);
     ASSERT_EQ(result.status, 0) << result.err;
