@@ -66,6 +66,12 @@ extern const Translator kPOSiTouchPRNLong_GetRecTranslator;
 extern const Translator kPOSiTouchCSVTranslator;
 extern const Translator kPOSiTouchTranslator;
 extern const Translator kPOSiTouchOTBTranslator;
+// Deltek and Monolith
+extern const Translator kDeltekTranslator;
+extern const Translator kDeltek615Translator;
+extern const Translator kDeltek83Translator;
+extern const Translator kDeltek83FixTranslator;
+extern const Translator kMonolithTranslator;
 
 const Translator* FindTranslator(std::string_view name) {
   static const Translator* const kAll[] = {
@@ -136,6 +142,12 @@ const Translator* FindTranslator(std::string_view name) {
       &kPOSiTouchCSVTranslator,
       &kPOSiTouchTranslator,
       &kPOSiTouchOTBTranslator,
+      // Deltek and Monolith
+      &kDeltekTranslator,
+      &kDeltek615Translator,
+      &kDeltek83Translator,
+      &kDeltek83FixTranslator,
+      &kMonolithTranslator,
   };
   if (name.empty()) return nullptr;
   for (const Translator* t : kAll) {
