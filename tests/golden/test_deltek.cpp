@@ -88,42 +88,29 @@ TEST(DeltekWorkbook, NamesTurnedIntoNumbersByTheSideFiles) {
   }
 }
 
-TEST(DeltekWorkbook, MissingEmployeeFileIsAskedForAgainUntilOneExists) {
-  // The first answer is an empty (cancelled) box: the message, then the same question
-  // offering the empty answer; the second names the file under another name.
+TEST(DeltekWorkbook, MissingSideFilesAreAskedForAgainUntilOneExists) {
+  // The employee file is first answered with an empty (cancelled) box, the department file
+  // with a name that does not exist: each brings its message, then the same question
+  // offering the answer given; the second answers name the files under other names.
   WorkDir dir;
   auto staff = dir.CopyIn(Fixture("deltek/Employee File.txt"), "staff.txt");
-  CopyFixture(dir, "Department File.txt");
+  auto depts = dir.CopyIn(Fixture("deltek/Department File.txt"), "sub/depts.txt");
   auto input = CopyFixture(dir, "deltek.xlsx");
   auto call = DeltekCall(dir, "Deltek", input);
-  call.Add({"--answer", "", "--answer", staff.string(), "--accept-defaults"});
+  call.Add({"--answer", "", "--answer", staff.string(), "--answer", "nowhere.txt", "--answer",
+            depts.string()});
   auto result = call.Go();
   ASSERT_EQ(result.status, 0) << result.err;
   auto dialogue = Dialogue(call.Transcript());
-  ASSERT_EQ(dialogue.size(), 5u) << result.err;
+  ASSERT_EQ(dialogue.size(), 7u) << result.err;
   EXPECT_TRUE(IsInput(dialogue[0], kEmpTitle, kEmpAsk,
                       (input.parent_path() / "Employee File.txt").string()));
   EXPECT_TRUE(IsMessage(dialogue[1], kRetryTitle, "Employee File Not Found", {"OK"}, "OK"));
   EXPECT_TRUE(IsInput(dialogue[2], kEmpTitle, kEmpAsk, ""));
   EXPECT_TRUE(IsInput(dialogue[3], kDeptTitle, kDeptAsk,
                       (input.parent_path() / "Department File.txt").string()));
-  ExpectGolden(dir, "deltek");
-}
-
-TEST(DeltekWorkbook, MissingDepartmentFileNamedByHandOnTheSecondAsk) {
-  WorkDir dir;
-  CopyFixture(dir, "Employee File.txt");
-  auto depts = dir.CopyIn(Fixture("deltek/Department File.txt"), "sub/depts.txt");
-  auto input = CopyFixture(dir, "deltek.xlsx");
-  auto call = DeltekCall(dir, "Deltek", input);
-  call.Add({"--answer", (input.parent_path() / "Employee File.txt").string(), "--answer",
-            "nowhere.txt", "--answer", depts.string()});
-  auto result = call.Go();
-  ASSERT_EQ(result.status, 0) << result.err;
-  auto dialogue = Dialogue(call.Transcript());
-  ASSERT_EQ(dialogue.size(), 5u) << result.err;
-  EXPECT_TRUE(IsMessage(dialogue[2], kRetryTitle, "Department File Not Found", {"OK"}, "OK"));
-  EXPECT_TRUE(IsInput(dialogue[3], kDeptTitle, kDeptAsk, "nowhere.txt"));
+  EXPECT_TRUE(IsMessage(dialogue[4], kRetryTitle, "Department File Not Found", {"OK"}, "OK"));
+  EXPECT_TRUE(IsInput(dialogue[5], kDeptTitle, kDeptAsk, "nowhere.txt"));
   ExpectGolden(dir, "deltek");
 }
 

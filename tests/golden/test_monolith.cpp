@@ -107,23 +107,5 @@ TEST(MonolithLines, RateBoxSendsThePayRateAndNoMeansNoTakeBack) {
   ExpectGolden(dir, "rate");
 }
 
-TEST(MonolithLines, EmptyExportEndsQuietlyUnderTheHandler) {
-  WorkDir dir;
-  CopyFixture(dir, "xRef.txt");
-  auto input = dir.root() / "empty.txt";
-  WriteBytes(input, "");
-  auto call = MonolithCall(dir, input, true, false);
-  call.Add({"--accept-defaults"});
-  auto result = call.Go();
-  ASSERT_EQ(result.status, 0) << result.err;
-  auto dialogue = Dialogue(call.Transcript());
-  ASSERT_FALSE(dialogue.empty());
-  EXPECT_TRUE(
-      IsMessage(dialogue.back(), "Corvane",
-                Report("Monolith", 0, 0, ImportFile123(dir).string(), AuditFile123(dir).string()),
-                {"OK"}, "OK"));
-  EXPECT_EQ(ReadBytes(ImportFile123(dir)), "");
-}
-
 }  // namespace
 }  // namespace corvane_test
