@@ -41,12 +41,24 @@ class QuietOperator : public corvane::Operator {
                ? corvane::MsgAnswer::Yes
                : corvane::MsgAnswer::OK;
   }
-  std::string InputBox(std::string_view, std::string_view, std::string_view d) override {
+  // A question that keeps coming back with the same default would be asked for ever (the
+  // side files that are asked for until one exists); the twentieth round stops the run, as
+  // the headless command does.
+  std::string InputBox(std::string_view prompt, std::string_view title,
+                       std::string_view d) override {
+    std::string asked = std::string(title) + '\n' + std::string(prompt) + '\n' + std::string(d);
+    rounds_ = asked == last_asked_ ? rounds_ + 1 : 1;
+    last_asked_ = std::move(asked);
+    if (rounds_ >= 20) throw corvane::FatalError(corvane::RuntimeError(5));
     return std::string(d);
   }
   void Progress(std::string_view) override {}
   void Hourglass(bool) override {}
   void RuntimeErrorReport(const corvane::RuntimeError&) override {}
+
+ private:
+  std::string last_asked_;
+  int rounds_ = 0;
 };
 
 }  // namespace corvane_fuzz

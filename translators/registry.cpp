@@ -68,6 +68,12 @@ extern const Translator kPOSiTouchTranslator;
 extern const Translator kPOSiTouchOTBTranslator;
 // Workbook-driven
 extern const Translator kKronPennTranslator;
+// Deltek and Monolith
+extern const Translator kDeltekTranslator;
+extern const Translator kDeltek615Translator;
+extern const Translator kDeltek83Translator;
+extern const Translator kDeltek83FixTranslator;
+extern const Translator kMonolithTranslator;
 
 const Translator* FindTranslator(std::string_view name) {
   static const Translator* const kAll[] = {
@@ -140,6 +146,12 @@ const Translator* FindTranslator(std::string_view name) {
       &kPOSiTouchOTBTranslator,
       // Workbook-driven
       &kKronPennTranslator,
+      // Deltek and Monolith
+      &kDeltekTranslator,
+      &kDeltek615Translator,
+      &kDeltek83Translator,
+      &kDeltek83FixTranslator,
+      &kMonolithTranslator,
   };
   if (name.empty()) return nullptr;
   for (const Translator* t : kAll) {
