@@ -66,6 +66,16 @@ extern const Translator kPOSiTouchPRNLong_GetRecTranslator;
 extern const Translator kPOSiTouchCSVTranslator;
 extern const Translator kPOSiTouchTranslator;
 extern const Translator kPOSiTouchOTBTranslator;
+// Timeclock Plus, Infotronics and AE
+extern const Translator kTimeClockPlusTranslator;
+extern const Translator kTimeclockPlusVieDelTranslator;
+extern const Translator kTimeClockPlus5Translator;
+extern const Translator kTimeClockPlus502189Translator;
+extern const Translator kInfotronicsTranslator;
+extern const Translator kInfotronics2Translator;
+extern const Translator kInfotronicsAEv103Translator;
+extern const Translator kAEv10276Translator;
+extern const Translator kAEv1028616Translator;
 
 const Translator* FindTranslator(std::string_view name) {
   static const Translator* const kAll[] = {
@@ -136,6 +146,16 @@ const Translator* FindTranslator(std::string_view name) {
       &kPOSiTouchCSVTranslator,
       &kPOSiTouchTranslator,
       &kPOSiTouchOTBTranslator,
+      // Timeclock Plus, Infotronics and AE
+      &kTimeClockPlusTranslator,
+      &kTimeclockPlusVieDelTranslator,
+      &kTimeClockPlus5Translator,
+      &kTimeClockPlus502189Translator,
+      &kInfotronicsTranslator,
+      &kInfotronics2Translator,
+      &kInfotronicsAEv103Translator,
+      &kAEv10276Translator,
+      &kAEv1028616Translator,
   };
   if (name.empty()) return nullptr;
   for (const Translator* t : kAll) {
