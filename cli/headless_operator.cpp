@@ -38,8 +38,9 @@ HeadlessOperator::HeadlessOperator(std::deque<std::string> answers, bool accept_
 
 void HeadlessOperator::Record(const std::string& json_line) {
   if (transcript_ == nullptr) return;
+  // Buffered: the file is closed, and so written out, whatever way the command ends; a
+  // run may show a message for every row of a long export.
   *transcript_ << json_line << '\n';
-  transcript_->flush();
 }
 
 bool HeadlessOperator::NextAnswer(std::string& answer) {
@@ -65,6 +66,7 @@ bool HeadlessOperator::DefaultMayRepeat(std::string_view title, std::string_view
 }
 
 std::string HeadlessOperator::AskTerminal(std::string_view question) {
+  if (transcript_ != nullptr) transcript_->flush();  // the operator may look while we wait
   std::cerr << question << std::flush;
   std::string line;
   if (!std::getline(std::cin, line)) throw Unanswered("no answer at the terminal");
@@ -84,7 +86,8 @@ MsgAnswer HeadlessOperator::MsgBox(std::string_view text, MsgButtons buttons,
     if (!shown.empty()) shown += '/';
     shown += c;
   }
-  std::cerr << "[" << title << "] " << ForTerminal(text) << "\n";
+  // one write a message: a run may show a message for every row of a long export
+  std::cerr << ("[" + std::string(title) + "] " + ForTerminal(text) + "\n");
 
   MsgAnswer answer = MsgAnswer::OK;
   if (buttons != MsgButtons::OKOnly) {

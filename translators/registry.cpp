@@ -74,6 +74,16 @@ extern const Translator kDeltek615Translator;
 extern const Translator kDeltek83Translator;
 extern const Translator kDeltek83FixTranslator;
 extern const Translator kMonolithTranslator;
+// Timeclock Plus, Infotronics and AE
+extern const Translator kTimeClockPlusTranslator;
+extern const Translator kTimeclockPlusVieDelTranslator;
+extern const Translator kTimeClockPlus5Translator;
+extern const Translator kTimeClockPlus502189Translator;
+extern const Translator kInfotronicsTranslator;
+extern const Translator kInfotronics2Translator;
+extern const Translator kInfotronicsAEv103Translator;
+extern const Translator kAEv10276Translator;
+extern const Translator kAEv1028616Translator;
 
 const Translator* FindTranslator(std::string_view name) {
   static const Translator* const kAll[] = {
@@ -152,6 +162,16 @@ const Translator* FindTranslator(std::string_view name) {
       &kDeltek83Translator,
       &kDeltek83FixTranslator,
       &kMonolithTranslator,
+      // Timeclock Plus, Infotronics and AE
+      &kTimeClockPlusTranslator,
+      &kTimeclockPlusVieDelTranslator,
+      &kTimeClockPlus5Translator,
+      &kTimeClockPlus502189Translator,
+      &kInfotronicsTranslator,
+      &kInfotronics2Translator,
+      &kInfotronicsAEv103Translator,
+      &kAEv10276Translator,
+      &kAEv1028616Translator,
   };
   if (name.empty()) return nullptr;
   for (const Translator* t : kAll) {
