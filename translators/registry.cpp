@@ -66,6 +66,13 @@ extern const Translator kPOSiTouchPRNLong_GetRecTranslator;
 extern const Translator kPOSiTouchCSVTranslator;
 extern const Translator kPOSiTouchTranslator;
 extern const Translator kPOSiTouchOTBTranslator;
+// Report scrapers
+extern const Translator kDataTrakTranslator;
+extern const Translator kDrakeWilliamsTranslator;
+extern const Translator kHILLTranslator;
+extern const Translator kHillCsvTranslator;
+extern const Translator kHillTMWTranslator;
+extern const Translator kGreatPlainsTranslator;
 
 const Translator* FindTranslator(std::string_view name) {
   static const Translator* const kAll[] = {
@@ -136,6 +143,13 @@ const Translator* FindTranslator(std::string_view name) {
       &kPOSiTouchCSVTranslator,
       &kPOSiTouchTranslator,
       &kPOSiTouchOTBTranslator,
+      // Report scrapers
+      &kDataTrakTranslator,
+      &kDrakeWilliamsTranslator,
+      &kHILLTranslator,
+      &kHillCsvTranslator,
+      &kHillTMWTranslator,
+      &kGreatPlainsTranslator,
   };
   if (name.empty()) return nullptr;
   for (const Translator* t : kAll) {
