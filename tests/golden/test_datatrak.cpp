@@ -31,8 +31,7 @@ TEST(DataTrakTranslator, DepartmentHeadsHoldAcrossPagesAndEachEmployeeTakesTwoLi
   auto call = DataTrakCall(dir, "datatrak.txt");
   auto result = call.Go();
   ExpectOnlyReport(dir, call, result, "DataTrak", 5, 8);
-  EXPECT_EQ(ReadBytes(ImportFile123(dir)),
-            ReadBytes(Fixture("datatrak/expected_datatrak_ta.txt")));
+  EXPECT_EQ(ReadBytes(ImportFile123(dir)), ReadBytes(Fixture("datatrak/expected_datatrak_ta.txt")));
   EXPECT_EQ(ReadBytes(AuditFile123(dir)),
             ReadBytes(Fixture("datatrak/expected_datatrak_audit.txt")));
 }

@@ -15,11 +15,11 @@ constexpr char kCR = '\r';
 
 RunCall DrakeWilliamsCall(const WorkDir& dir, const std::string& name) {
   RunCall call(dir);
-  call.Add({"--format", "Drake-Williams", "--company", "123", "--end-date", "11/20/2026",
-            "--input", dir.CopyIn(Fixture("drake_williams/" + name), name).string(), "--output",
+  call.Add({"--format", "Drake-Williams", "--company", "123", "--end-date", "11/20/2026", "--input",
+            dir.CopyIn(Fixture("drake_williams/" + name), name).string(), "--output",
             dir.output().string()});
-  for (const char* box : {"txtReg=REG", "txtOT=OT", "txtSales=SAL", "txtHol=HOL",
-                          "txtTips=TIP", "txt15=15", "txt15DE=D"}) {
+  for (const char* box : {"txtReg=REG", "txtOT=OT", "txtSales=SAL", "txtHol=HOL", "txtTips=TIP",
+                          "txt15=15", "txt15DE=D"}) {
     call.Add({"--set", box});
   }
   return call;
@@ -41,10 +41,10 @@ TEST(DrakeWilliamsTranslator, BlocksUpToTheRuleAndCancelAtAnUnknownCodeEndsTheRe
                         {"OK", "Cancel"}, "OK"));
   EXPECT_TRUE(IsMessage(dialogue[1], "Corvane - Drake-Williams", Unexpected("QQ", "POE, ED"),
                         {"OK", "Cancel"}, "Cancel"));
-  EXPECT_TRUE(IsMessage(dialogue[2], "Corvane",
-                        Report("Drake-Williams", 3, 5, ImportFile123(dir).string(),
-                               AuditFile123(dir).string()),
-                        {"OK"}, "OK"));
+  EXPECT_TRUE(IsMessage(
+      dialogue[2], "Corvane",
+      Report("Drake-Williams", 3, 5, ImportFile123(dir).string(), AuditFile123(dir).string()),
+      {"OK"}, "OK"));
   EXPECT_EQ(ReadBytes(ImportFile123(dir)),
             ReadBytes(Fixture("drake_williams/expected_register_ta.txt")));
   EXPECT_EQ(ReadBytes(AuditFile123(dir)),

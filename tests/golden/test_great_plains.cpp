@@ -18,9 +18,9 @@ constexpr const char* kMaps[] = {"EE Map.txt", "File Code Map.txt", "Dept Map.tx
 
 RunCall GreatPlainsCall(const WorkDir& dir) {
   RunCall call(dir);
-  call.Add({"--format", "Great Plains", "--company", "123", "--end-date", "11/20/2026",
-            "--input", dir.CopyIn(Fixture("great_plains/gp.csv"), "gp.csv").string(),
-            "--output", dir.output().string()});
+  call.Add({"--format", "Great Plains", "--company", "123", "--end-date", "11/20/2026", "--input",
+            dir.CopyIn(Fixture("great_plains/gp.csv"), "gp.csv").string(), "--output",
+            dir.output().string()});
   return call;
 }
 
@@ -47,14 +47,12 @@ TEST(GreatPlainsTranslator, FoldsByNumberAndCodeThenMapsThroughTheThreeSideFiles
     EXPECT_EQ(dialogue[k].value("prompt", ""), prompts[k]);
     EXPECT_EQ(dialogue[k].value("default", ""), folder + kMaps[k]);
   }
-  EXPECT_TRUE(IsMessage(dialogue[3], "Corvane",
-                        Report("Great Plains", 9, 5, ImportFile123(dir).string(),
-                               AuditFile123(dir).string()),
-                        {"OK"}, "OK"));
-  EXPECT_EQ(ReadBytes(ImportFile123(dir)),
-            ReadBytes(Fixture("great_plains/expected_gp_ta.txt")));
-  EXPECT_EQ(ReadBytes(AuditFile123(dir)),
-            ReadBytes(Fixture("great_plains/expected_gp_audit.txt")));
+  EXPECT_TRUE(IsMessage(
+      dialogue[3], "Corvane",
+      Report("Great Plains", 9, 5, ImportFile123(dir).string(), AuditFile123(dir).string()), {"OK"},
+      "OK"));
+  EXPECT_EQ(ReadBytes(ImportFile123(dir)), ReadBytes(Fixture("great_plains/expected_gp_ta.txt")));
+  EXPECT_EQ(ReadBytes(AuditFile123(dir)), ReadBytes(Fixture("great_plains/expected_gp_audit.txt")));
 }
 
 TEST(GreatPlainsTranslator, SideFileThatCannotBeOpenedEndsTheProgram) {

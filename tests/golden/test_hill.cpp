@@ -14,8 +14,7 @@ namespace {
 RunCall HillCall(const WorkDir& dir, const std::string& format, const std::string& name) {
   RunCall call(dir);
   call.Add({"--format", format, "--company", "123", "--end-date", "11/20/2026", "--input",
-            dir.CopyIn(Fixture("hill/" + name), name).string(), "--output",
-            dir.output().string()});
+            dir.CopyIn(Fixture("hill/" + name), name).string(), "--output", dir.output().string()});
   // "7" in the regular box shows the two-digit picture of "Hill csv"
   for (const char* box : {"txtReg=7", "txtOT=OT", "txtDbl=DBL", "txt15=GRS", "txt16=RMB",
                           "txt17=ADV", "txt18=DED", "txt18DE=D"}) {
@@ -109,8 +108,7 @@ TEST(HillTMWTranslator, RowCutShortAtTheEndReadsPastTheEnd) {
             "txt15=GRS"});
   auto result = call.Go();
   ExpectRuntimeErrorOnly(call, result, 62);
-  EXPECT_EQ(ReadBytes(ImportFile123(dir)),
-            "\"888\",\"\",,,,E,GRS,,,,,,,,7.25,1,,,,,,,,,,,,,\r\n");
+  EXPECT_EQ(ReadBytes(ImportFile123(dir)), "\"888\",\"\",,,,E,GRS,,,,,,,,7.25,1,,,,,,,,,,,,,\r\n");
 }
 
 }  // namespace

@@ -20,15 +20,15 @@ constexpr int kOK = 1;
 constexpr int kCancel = 2;
 
 constexpr std::pair<std::string_view, Cat> kDrakeWilliamsCodes[] = {
-    {"RG", Cat::Reg},     {"OT", Cat::OT},      {"EA", Cat::e15},       {"EC", Cat::e16},
-    {"EO", Cat::e17},     {"ET", Cat::e18},     {"SA", Cat::Sales},     {"SD", Cat::Misc},
-    {"SI", Cat::Disb},    {"F", Cat::Dbl},      {"FI", Cat::Tips},      {"MC", Cat::e19},
-    {"S NE", Cat::Hol},   {"BO", Cat::e29},     {"VS", Cat::e30},       {"JD", Cat::e31},
-    {"HD", Cat::e32},     {"DF", Cat::e33},     {"AA", Cat::AdjH},      {"AP", Cat::AdjD},
-    {"AR", Cat::WaitReg}, {"AU", Cat::WaitOT},  {"DD", Cat::e24},       {"DI", Cat::e25},
-    {"DS", Cat::e26},     {"DT", Cat::e27},     {"DU", Cat::e28},       {"FM", Cat::e38},
-    {"LA", Cat::e39},     {"ML", Cat::e40},     {"OP", Cat::e41},       {"TD", Cat::e42},
-    {"VH", Cat::e36},     {"XX", Cat::e37},     {"DP", Cat::e34},
+    {"RG", Cat::Reg},     {"OT", Cat::OT},     {"EA", Cat::e15},   {"EC", Cat::e16},
+    {"EO", Cat::e17},     {"ET", Cat::e18},    {"SA", Cat::Sales}, {"SD", Cat::Misc},
+    {"SI", Cat::Disb},    {"F", Cat::Dbl},     {"FI", Cat::Tips},  {"MC", Cat::e19},
+    {"S NE", Cat::Hol},   {"BO", Cat::e29},    {"VS", Cat::e30},   {"JD", Cat::e31},
+    {"HD", Cat::e32},     {"DF", Cat::e33},    {"AA", Cat::AdjH},  {"AP", Cat::AdjD},
+    {"AR", Cat::WaitReg}, {"AU", Cat::WaitOT}, {"DD", Cat::e24},   {"DI", Cat::e25},
+    {"DS", Cat::e26},     {"DT", Cat::e27},    {"DU", Cat::e28},   {"FM", Cat::e38},
+    {"LA", Cat::e39},     {"ML", Cat::e40},    {"OP", Cat::e41},   {"TD", Cat::e42},
+    {"VH", Cat::e36},     {"XX", Cat::e37},    {"DP", Cat::e34},
 };
 
 const Cat* DrakeWilliams_Lookup(const std::string& code) {
@@ -44,8 +44,7 @@ bool DrakeWilliams_Head(const std::string& line) {
 
 // A pay line: an employee's job number in column 13, or a check date in column 69.
 bool DrakeWilliams_IsDetail(const std::string& line) {
-  return (Left(line, 4) != "DATE" && IsNumeric(Mid(line, 13, 5))) ||
-         IsDate(Trim(Mid(line, 69, 8)));
+  return (Left(line, 4) != "DATE" && IsNumeric(Mid(line, 13, 5))) || IsDate(Trim(Mid(line, 69, 8)));
 }
 
 bool DrakeWilliams_Closing(const std::string& line) {
