@@ -22,7 +22,8 @@ constexpr std::size_t kGreatPlainsCodes = 50;
 constexpr std::size_t kGreatPlainsDepartments = 80;
 constexpr std::size_t kGreatPlainsRows = 1000;
 constexpr std::size_t kGreatPlainsFields = 10;
-// A line taken into a sum is marked with this number, which no line of its own can pass.
+// A line taken into a sum is marked with this number; a line that arrives with it counts as
+// taken already.
 constexpr std::string_view kGreatPlainsUsed = "000000000";
 
 template <std::size_t Columns>
