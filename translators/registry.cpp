@@ -84,6 +84,13 @@ extern const Translator kInfotronics2Translator;
 extern const Translator kInfotronicsAEv103Translator;
 extern const Translator kAEv10276Translator;
 extern const Translator kAEv1028616Translator;
+// Report scrapers
+extern const Translator kDataTrakTranslator;
+extern const Translator kDrakeWilliamsTranslator;
+extern const Translator kHILLTranslator;
+extern const Translator kHillCsvTranslator;
+extern const Translator kHillTMWTranslator;
+extern const Translator kGreatPlainsTranslator;
 
 const Translator* FindTranslator(std::string_view name) {
   static const Translator* const kAll[] = {
@@ -172,6 +179,13 @@ const Translator* FindTranslator(std::string_view name) {
       &kInfotronicsAEv103Translator,
       &kAEv10276Translator,
       &kAEv1028616Translator,
+      // Report scrapers
+      &kDataTrakTranslator,
+      &kDrakeWilliamsTranslator,
+      &kHILLTranslator,
+      &kHillCsvTranslator,
+      &kHillTMWTranslator,
+      &kGreatPlainsTranslator,
   };
   if (name.empty()) return nullptr;
   for (const Translator* t : kAll) {
