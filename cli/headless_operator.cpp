@@ -36,6 +36,26 @@ HeadlessOperator::HeadlessOperator(std::deque<std::string> answers, bool accept_
       transcript_(transcript),
       interactive_(interactive) {}
 
+HeadlessOperator::~HeadlessOperator() {
+  FlushSaid();
+}
+
+// What is said goes to standard error in large writes: a run may show a message for every row
+// of a long export, and a person reading along loses nothing, since the text is written out
+// before every question asked at the terminal and at the end.
+void HeadlessOperator::Say(std::string_view text) {
+  constexpr std::size_t kMostHeld = 64 * 1024;
+  said_.append(text);
+  if (said_.size() >= kMostHeld) FlushSaid();
+}
+
+void HeadlessOperator::FlushSaid() {
+  if (said_.empty()) return;
+  std::cerr.write(said_.data(), static_cast<std::streamsize>(said_.size()));
+  std::cerr.flush();
+  said_.clear();
+}
+
 void HeadlessOperator::Record(const std::string& json_line) {
   if (transcript_ == nullptr) return;
   // Buffered: the file is closed, and so written out, whatever way the command ends; a
@@ -67,7 +87,8 @@ bool HeadlessOperator::DefaultMayRepeat(std::string_view title, std::string_view
 
 std::string HeadlessOperator::AskTerminal(std::string_view question) {
   if (transcript_ != nullptr) transcript_->flush();  // the operator may look while we wait
-  std::cerr << question << std::flush;
+  Say(question);
+  FlushSaid();
   std::string line;
   if (!std::getline(std::cin, line)) throw Unanswered("no answer at the terminal");
   return line;
@@ -86,8 +107,11 @@ MsgAnswer HeadlessOperator::MsgBox(std::string_view text, MsgButtons buttons,
     if (!shown.empty()) shown += '/';
     shown += c;
   }
-  // one write a message: a run may show a message for every row of a long export
-  std::cerr << ("[" + std::string(title) + "] " + ForTerminal(text) + "\n");
+  Say("[");
+  Say(title);
+  Say("] ");
+  Say(ForTerminal(text));
+  Say("\n");
 
   MsgAnswer answer = MsgAnswer::OK;
   if (buttons != MsgButtons::OKOnly) {
@@ -121,7 +145,13 @@ std::string HeadlessOperator::InputBox(std::string_view prompt, std::string_view
                                  {"title", Latin1ToUtf8(title)},
                                  {"prompt", Latin1ToUtf8(prompt)},
                                  {"default", Latin1ToUtf8(default_text)}};
-  std::cerr << "[" << title << "] " << ForTerminal(prompt) << " [" << default_text << "]\n";
+  Say("[");
+  Say(title);
+  Say("] ");
+  Say(ForTerminal(prompt));
+  Say(" [");
+  Say(default_text);
+  Say("]\n");
   std::string answer;
   if (!NextAnswer(answer)) {
     if (accept_defaults_) {
@@ -151,7 +181,8 @@ void HeadlessOperator::RuntimeErrorReport(const RuntimeError& error) {
                                 {"number", error.number()},
                                 {"description", Latin1ToUtf8(error.description())}}
              .dump());
-  std::cerr << "Run-time error '" << error.number() << "':\n\n" << error.description() << "\n";
+  Say("Run-time error '" + std::to_string(error.number()) + "':\n\n" + error.description() + "\n");
+  FlushSaid();
 }
 
 }  // namespace corvane

@@ -24,6 +24,9 @@ class HeadlessOperator : public Operator {
  public:
   HeadlessOperator(std::deque<std::string> answers, bool accept_defaults, std::ostream* transcript,
                    bool interactive);
+  ~HeadlessOperator() override;
+  HeadlessOperator(const HeadlessOperator&) = delete;
+  HeadlessOperator& operator=(const HeadlessOperator&) = delete;
 
   MsgAnswer MsgBox(std::string_view text, MsgButtons buttons, std::string_view title) override;
   std::string InputBox(std::string_view prompt, std::string_view title,
@@ -31,17 +34,21 @@ class HeadlessOperator : public Operator {
   void Progress(std::string_view text) override;
   void Hourglass(bool) override {}
   void RuntimeErrorReport(const RuntimeError& error) override;
+  // Writes out what has been said and not yet written to standard error.
+  void FlushSaid();
 
  private:
   bool NextAnswer(std::string& answer);
   std::string AskTerminal(std::string_view question);
   void Record(const std::string& json_line);
+  void Say(std::string_view text);
   // Under --accept-defaults: false once the same question has taken the same default answer
   // too many times in a row. A question that repeats until its answer is valid would
   // otherwise go round for ever on a default that is not.
   bool DefaultMayRepeat(std::string_view title, std::string_view text, std::string_view answer);
 
   std::deque<std::string> answers_;
+  std::string said_;          // what is said, not yet written to standard error
   std::string last_default_;  // title, text and answer of the last question answered by default
   int default_repeats_ = 0;
   bool accept_defaults_;

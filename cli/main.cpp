@@ -263,9 +263,11 @@ int Run(const RunOptions& o, const std::vector<ScreenEntry>& entries) {
     ui.RuntimeErrorReport(fatal.error());
     return 3;
   } catch (const Unanswered&) {
+    ui.FlushSaid();
     std::cerr << "corvane: a question was left unanswered\n";
     return 4;
   } catch (const UsageError& e) {
+    ui.FlushSaid();
     std::cerr << "corvane: " << e.what() << "\n";
     return 2;
   }
