@@ -245,6 +245,29 @@ TEST(AlohaWGLTranslator, MinimumWageOfZeroSendsEveryRateToTheRegularPair) {
   EXPECT_EQ(Fields(lines[5]).at(7), "");
 }
 
+TEST(AlohaWGLTranslator, ARateTooLongForAWholeNumberStillGoesOut) {
+  // The rate's whole part is far beyond any integer: it is not 0, so the rate goes out, and
+  // it is not below the minimum wage, so the hours take Regular.
+  WorkDir dir;
+  std::string figures(240, ' ');
+  auto right_aligned = [&](long column, const std::string& text) {
+    figures.replace(static_cast<size_t>(column - 1 + 12) - text.size(), text.size(), text);
+  };
+  right_aligned(115, "1E+300");
+  right_aligned(134, "5.00");
+  const fs::path input = dir.root() / "wgl_long_rate.txt";
+  WriteBytes(input, "*** Emp 42     Far, Out\r\nTotal Host\r\n" + figures + "\r\n");
+  auto call = XRefCall(dir, "Aloha WGL", input);
+  auto result = call.Go();
+  ExpectOnlyReport(dir, call, result, "Aloha WGL", 1, 1);
+  const auto lines = CrLfLines(ReadBytes(ImportFile123(dir)));
+  ASSERT_EQ(lines.size(), 1u);
+  EXPECT_EQ(Fields(lines[0]).at(0), "\"42\"");
+  EXPECT_EQ(Fields(lines[0]).at(6), "RG");
+  EXPECT_NE(Fields(lines[0]).at(7), "");
+  EXPECT_EQ(Fields(lines[0]).at(8), "5.00");
+}
+
 // The progress texts the run showed, in order.
 std::vector<std::string> ProgressTexts(const RunCall& call) {
   std::vector<std::string> texts;

@@ -5,6 +5,7 @@
 // record before.
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -1011,7 +1012,9 @@ void AlohaWGL(frmTimeImport& F) {
     const std::string ot = Trim(Mid(line, 172, 12));
     const std::string tips = Trim(Mid(line, 229, 12));
     r.Employee_no = number;
-    r.payrate = static_cast<long long>(Val(rate)) == 0 ? std::string() : rate;
+    // the whole part is told without converting it to an integer, which a long figure would
+    // overflow
+    r.payrate = std::fabs(Val(rate)) < 1.0 ? std::string() : rate;
 
     const bool plain = min_wage == Value(0) || !Below(Value(rate), min_wage);
     if (NumericAbove0(Value(reg))) F.WriteHours(plain ? Cat::Reg : Cat::e15, reg);
