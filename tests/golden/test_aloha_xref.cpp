@@ -111,13 +111,15 @@ TEST(Alohav6227Translator, EmployeesKnownBySocialSecurityNumberWithDivisionsByJo
 
 TEST(Alohav5320Translator, WordsOfTheFiguresLineAndTheLastLineNeverLookedAt) {
   // Covers: the fixed side file name, asked of nobody; codes through "00"; a name keeping
-  // its comma; a line of blanks passed over; "0.00" not written; the last line unread.
+  // its comma; an empty line passed over; a line of blanks under a "Total" line taken as its
+  // figures line, so the figures under it pay nothing; "0.00" not written; the last line
+  // unread.
   WorkDir dir;
   auto input = CopyPair(dir, "v5320.txt", "Farmhouse_XRef.txt");
   auto call = XRefCall(dir, "Aloha v5.3.20", input);
   call.Add({"--set", "txtReg=5", "--set", "txtOT=6"});
   auto result = call.Go();
-  ExpectOnlyReport(dir, call, result, "Aloha v5.3.20", 7, 4);
+  ExpectOnlyReport(dir, call, result, "Aloha v5.3.20", 10, 4);
   EXPECT_EQ(ReadBytes(ImportFile123(dir)), Expected("v5320_expected_ta.txt"));
   EXPECT_EQ(ReadBytes(AuditFile123(dir)), Expected("v5320_expected_audit.txt"));
 }

@@ -405,8 +405,9 @@ void Alohav5320(frmTimeImport& F) {
   in.LineInput(line);
   while (!in.Eof()) {
     ++F.TCcount;
-    // a line of blanks counts as empty
-    if (!Trim(line).empty()) {
+    // only a line with nothing on it is passed over: a line of blanks under a "Total" line is
+    // that job's figures line, and pays nothing
+    if (!line.empty()) {
       if (line.starts_with("*** E")) {
         AlohaXRef_MarkerLine(F, line, false);
       } else if (line.starts_with("Total")) {
