@@ -111,13 +111,15 @@ TEST(Alohav6227Translator, EmployeesKnownBySocialSecurityNumberWithDivisionsByJo
 
 TEST(Alohav5320Translator, WordsOfTheFiguresLineAndTheLastLineNeverLookedAt) {
   // Covers: the fixed side file name, asked of nobody; codes through "00"; a name keeping
-  // its comma; a line of blanks passed over; "0.00" not written; the last line unread.
+  // its comma; an empty line passed over; a line of blanks under a "Total" line taken as its
+  // figures line, so the figures under it pay nothing; "0.00" not written; the last line
+  // unread.
   WorkDir dir;
   auto input = CopyPair(dir, "v5320.txt", "Farmhouse_XRef.txt");
   auto call = XRefCall(dir, "Aloha v5.3.20", input);
   call.Add({"--set", "txtReg=5", "--set", "txtOT=6"});
   auto result = call.Go();
-  ExpectOnlyReport(dir, call, result, "Aloha v5.3.20", 7, 4);
+  ExpectOnlyReport(dir, call, result, "Aloha v5.3.20", 10, 4);
   EXPECT_EQ(ReadBytes(ImportFile123(dir)), Expected("v5320_expected_ta.txt"));
   EXPECT_EQ(ReadBytes(AuditFile123(dir)), Expected("v5320_expected_audit.txt"));
 }
@@ -243,6 +245,29 @@ TEST(AlohaWGLTranslator, MinimumWageOfZeroSendsEveryRateToTheRegularPair) {
   for (size_t i = 0; i < lines.size(); ++i) EXPECT_EQ(Fields(lines[i]).at(6), codes[i]) << i;
   // the rate with no whole part still goes out blank
   EXPECT_EQ(Fields(lines[5]).at(7), "");
+}
+
+TEST(AlohaWGLTranslator, ARateTooLongForAWholeNumberStillGoesOut) {
+  // The rate's whole part is far beyond any integer: it is not 0, so the rate goes out, and
+  // it is not below the minimum wage, so the hours take Regular.
+  WorkDir dir;
+  std::string figures(240, ' ');
+  auto right_aligned = [&](long column, const std::string& text) {
+    figures.replace(static_cast<size_t>(column - 1 + 12) - text.size(), text.size(), text);
+  };
+  right_aligned(115, "1E+300");
+  right_aligned(134, "5.00");
+  const fs::path input = dir.root() / "wgl_long_rate.txt";
+  WriteBytes(input, "*** Emp 42     Far, Out\r\nTotal Host\r\n" + figures + "\r\n");
+  auto call = XRefCall(dir, "Aloha WGL", input);
+  auto result = call.Go();
+  ExpectOnlyReport(dir, call, result, "Aloha WGL", 1, 1);
+  const auto lines = CrLfLines(ReadBytes(ImportFile123(dir)));
+  ASSERT_EQ(lines.size(), 1u);
+  EXPECT_EQ(Fields(lines[0]).at(0), "\"42\"");
+  EXPECT_EQ(Fields(lines[0]).at(6), "RG");
+  EXPECT_NE(Fields(lines[0]).at(7), "");
+  EXPECT_EQ(Fields(lines[0]).at(8), "5.00");
 }
 
 // The progress texts the run showed, in order.

@@ -5,6 +5,7 @@
 // record before.
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -404,8 +405,9 @@ void Alohav5320(frmTimeImport& F) {
   in.LineInput(line);
   while (!in.Eof()) {
     ++F.TCcount;
-    // a line of blanks counts as empty
-    if (!Trim(line).empty()) {
+    // only a line with nothing on it is passed over: a line of blanks under a "Total" line is
+    // that job's figures line, and pays nothing
+    if (!line.empty()) {
       if (line.starts_with("*** E")) {
         AlohaXRef_MarkerLine(F, line, false);
       } else if (line.starts_with("Total")) {
@@ -1011,7 +1013,9 @@ void AlohaWGL(frmTimeImport& F) {
     const std::string ot = Trim(Mid(line, 172, 12));
     const std::string tips = Trim(Mid(line, 229, 12));
     r.Employee_no = number;
-    r.payrate = static_cast<long long>(Val(rate)) == 0 ? std::string() : rate;
+    // the whole part is told without converting it to an integer, which a long figure would
+    // overflow
+    r.payrate = std::fabs(Val(rate)) < 1.0 ? std::string() : rate;
 
     const bool plain = min_wage == Value(0) || !Below(Value(rate), min_wage);
     if (NumericAbove0(Value(reg))) F.WriteHours(plain ? Cat::Reg : Cat::e15, reg);
