@@ -117,7 +117,10 @@ void frmTimeImport::BuildOutputName() {
   } else if (!Loc.empty()) {
     OUTFile = Join(Output_Path, Co + "_" + Loc + "_ta.txt");
   } else if (ChosenTC == "QsrSoft" || ChosenTC == "Ampay") {
-    // named later by the branch, from the file's contents
+    // Named later by the branch, from the file's contents. Until then there is no name: the
+    // branch's first InitFiles must find none, or it would create again, empty, the import
+    // file of the press before.
+    OUTFile = Value();
   } else if (ChosenTC == "Squirrel v3.2") {
     MsgBox("Please enter a location (e.g. 'RH' or 'SW').");
     Ready = false;

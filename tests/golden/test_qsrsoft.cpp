@@ -9,7 +9,11 @@
 #include <utility>
 #include <vector>
 
+#include "pipeline/time_import.hpp"
+#include "screen/catalogue.hpp"
 #include "tests/cli/cli_harness.hpp"
+#include "tests/unit/fake_operator.hpp"
+#include "tests/unit/temp_folder.hpp"
 
 namespace corvane_test {
 namespace {
@@ -196,6 +200,51 @@ TEST(QsrSoftTranslator, ABadFigureOrAShortRecordEndsTheReadingWithWhatWasWritten
                  dir.output() / "Corvane_Audit_QsrSoft.txt");
     EXPECT_EQ(ReadBytes(dir.output() / "1234_ta.txt"), "");
   }
+}
+
+TEST(QsrSoftTranslator, TheNextCompanyOfTheSameFileLeavesTheFileBeforeAlone) {
+  // The bureau runs the companies of one export in turn, in one session of the program. The
+  // one-company run's first call of InitFiles comes before the company's file is named: it
+  // must not create the file that the press before named, which holds that company's lines.
+  corvane::testing::TempFolder tmp;
+  corvane::testing::FakeOperator ui;
+  corvane::frmTimeImport F(ui, corvane::Environment{tmp / "settings", corvane::Date{2026, 11, 22}});
+  F.Form_Load();
+  F.SelectTimeClock(corvane::CatalogueIndex("QsrSoft"));
+  ASSERT_EQ(F.ChosenTC, "QsrSoft");
+  const std::string input = tmp.Write("qsrsoft.csv", ReadBytes(Fixture("qsrsoft/qsrsoft.csv")));
+  F.S[corvane::CorvaneInputFile].text = input;
+  F.S[corvane::CorvaneOutputPath].text = tmp / "out";
+  F.S[corvane::pdEndDate].text = "11/20/2026";
+  F.S[corvane::LocNum].text = "";
+  F.S[corvane::chkAll].value = F.S[corvane::chkBr].value = F.S[corvane::chkDept].value = 0;
+  F.S[corvane::txtReg].text = "REG";
+  F.S[corvane::txtOT].text = "OT";
+  F.S[corvane::txtHol].text = "HOL";
+  F.S[corvane::txtSales].text = "PREM";
+  F.S[corvane::txtMisc].text = "MSH";
+  F.S[corvane::txtDisb].text = "MSD";
+
+  F.S[corvane::CoNum].text = "1234";
+  F.Corvane();
+  ASSERT_TRUE(F.Reported());
+  const std::string first =
+      "\"\",\"DOE, JANE\",,,,E,REG,,30,,,,,,,1,,,,,,,,999000001,,,,,\r\n"
+      "\"\",\"DOE, JANE\",,,,E,OT,,2.5,,,,,,,1,,,,,,,,999000001,,,,,\r\n"
+      "\"\",\"SMITH, JOHN\",,,,E,REG,,40,,,,,,,1,,,,,,,,012345678,,,,,\r\n"
+      "\"\",\"SMITH, JOHN\",,,,E,HOL,,8,,,,,,,1,,,,,,,,012345678,,,,,\r\n"
+      "\"\",\"SMITH, JOHN\",,,,E,MSD,,50,,,,,,,1,,,,,,,,012345678,,,,,\r\n"
+      "\"\",\"LEE, ANN\",,,,E,OT,,1,,,,,,,1,,,,,,,,999000005,,,,,\r\n";
+  ASSERT_EQ(corvane::testing::TempFolder::Read(tmp / "out/1234_ta.txt"), first);
+
+  F.S[corvane::CoNum].text = "412";
+  F.Corvane();
+  ASSERT_TRUE(F.Reported());
+  EXPECT_EQ(corvane::testing::TempFolder::Read(tmp / "out/1234_ta.txt"), first);
+  EXPECT_EQ(corvane::testing::TempFolder::Read(tmp / "out/412_ta.txt"),
+            "\"\",\"ROE, JANE\",,,,E,REG,,-3.5,,,,,,,1,,,,,,,,999000004,,,,,\r\n"
+            "\"\",\"ROE, JANE\",,,,E,PREM,,4,,,,,,,1,,,,,,,,999000004,,,,,\r\n"
+            "\"\",\"ROE, JANE\",,,,E,MSH,,2.25,,,,,,,1,,,,,,,,999000004,,,,,\r\n");
 }
 
 TEST(QSRSoftv2Translator, FieldsWalkedByNumberUntilABlankLine) {

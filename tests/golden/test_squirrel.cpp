@@ -38,7 +38,8 @@ void ExpectFiles(const fs::path& import, const fs::path& audit, const std::strin
   EXPECT_EQ(ReadBytes(audit), ReadBytes(Fixture(expected + "_audit.txt")));
 }
 
-// The run asked one question for its side file, then completed with the report.
+// The run asked one question for its side file, under the program's own title, then
+// completed with the report.
 void ExpectQuestionThenReport(const RunCall& call, const CommandResult& result,
                               const std::string& format, const std::string& prompt,
                               const std::string& offered, const std::string& answer, long tc_count,
@@ -48,7 +49,7 @@ void ExpectQuestionThenReport(const RunCall& call, const CommandResult& result,
   auto dialogue = Dialogue(call.Transcript());
   ASSERT_EQ(dialogue.size(), 2u);
   EXPECT_EQ(dialogue[0].value("kind", ""), "input");
-  EXPECT_EQ(TranscriptBytes(dialogue[0].value("title", "")), "Corvane - " + format);
+  EXPECT_EQ(TranscriptBytes(dialogue[0].value("title", "")), "Corvane");
   EXPECT_EQ(dialogue[0].value("prompt", ""), prompt);
   EXPECT_EQ(dialogue[0].value("default", ""), offered);
   EXPECT_EQ(dialogue[0].value("answer", ""), answer);

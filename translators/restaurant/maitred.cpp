@@ -38,7 +38,8 @@ void MaitreD_LoadRates(frmTimeImport& F) {
   auto& rates = F.Fields<MaitreDFields>().MaitreRates;
   rates.fill(MaitreRate{});
   const std::string answer = F.ui.InputBox("What is the name of your employee rate file?",
-                                           "Corvane - Maitre'D", "maitre d rate file.csv");
+                                           kAppTitle, "maitre d rate file.csv");
+  F.Response = answer;
   InputFile& side = F.File(9);
   try {
     side.Open(F.ExtractInputPath().str() + answer, OpenMode::Byte);

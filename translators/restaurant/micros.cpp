@@ -45,8 +45,9 @@ void Micros3700v41_LoadXref(frmTimeImport& F) {
   if (!F.S.Checked(chkXref)) return;
 
   const std::string answer =
-      F.ui.InputBox("What is the name of your cross reference file?", "Corvane - " + F.ChosenTC,
+      F.ui.InputBox("What is the name of your cross reference file?", kAppTitle,
                     MicrosBr(F) ? "Micros v4.1Br XRef.txt" : "Micros XRef.txt");
+  F.Response = answer;
   InputFile& side = F.File(9);
   try {
     side.Open(F.ExtractInputPath().str() + answer, OpenMode::Byte);
