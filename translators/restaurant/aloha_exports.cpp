@@ -156,10 +156,11 @@ void Alohav6542_Employee(frmTimeImport& F) {
   double& AlohaOTTotal = F.Fields<Alohav6542Fields>().AlohaOTTotal;
 
   if (AlohaOTTotal > 0) {
-    // Employee_no still holds the employee being closed, and Department his last job. An
-    // hours line carries no dollars, though his last job's tips were the last set.
+    // Employee_no still holds the employee being closed, Department his last job, and Amount
+    // what his last job left: the line sets only the rate, the category and the hours, so an
+    // employee whose last job ended with tips carries them here as well. The file keeps it;
+    // the pre-import check flags a line with both hours and dollars.
     r.payrate = "";
-    r.Amount = "";
     F.Apply(Cat::e17);
     r.Hours = PrintNumber(AlohaOTTotal);
     F.WriteOutputRec();
