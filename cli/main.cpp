@@ -44,6 +44,8 @@ int Formats(bool missing) {
 
 // Each entry's configuration: what choosing it sets on the screen.
 int FormatsJson(bool missing) {
+  // The minimum wage and misc text boxes are shown under their labels' design captions.
+  const Screen design;
   nlohmann::ordered_json all = nlohmann::ordered_json::array();
   for (const ClockConfig& clock : Catalogue()) {
     if (missing && Written(clock.name)) continue;
@@ -55,10 +57,24 @@ int FormatsJson(bool missing) {
     j["pattern"] = clock.pattern;
     j["boxes"] = nlohmann::ordered_json::array();
     for (const ClockBox& box : clock.boxes) {
-      std::string_view name = box.kind == ClockBox::kMinWage    ? "MinWage"
-                              : box.kind == ClockBox::kMiscText ? "MiscText"
-                                                                : Boxes(box.category).group;
-      j["boxes"].push_back({{"box", name}, {"label", Latin1ToUtf8(box.label)}});
+      // The names are the screen's own, the ones --set takes.
+      nlohmann::ordered_json b;
+      switch (box.kind) {
+        case ClockBox::kMinWage:
+          b = {{"box", Screen::NameOf(txtMinWage)}, {"label", design[lblMinWage].caption}};
+          break;
+        case ClockBox::kMiscText:
+          b = {{"box", Screen::NameOf(txtMiscText)}, {"label", design[lblMiscText].caption}};
+          break;
+        case ClockBox::kCategory: {
+          const CategoryBoxes& names = Boxes(box.category);
+          b = {{"box", Screen::NameOf(names.code)},
+               {"de", Screen::NameOf(names.de)},
+               {"label", Latin1ToUtf8(box.label)}};
+          break;
+        }
+      }
+      j["boxes"].push_back(std::move(b));
     }
     j["grid"] = clock.grid;
     j["location"] = clock.location;
