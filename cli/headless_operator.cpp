@@ -21,6 +21,48 @@ std::string Latin1ToUtf8(std::string_view text) {
   return out;
 }
 
+void AppendJsonString(std::string& out, std::string_view text) {
+  static constexpr char kHex[] = "0123456789abcdef";
+  out += '"';
+  for (unsigned char c : text) {
+    switch (c) {
+      case '"':
+        out += "\\\"";
+        break;
+      case '\\':
+        out += "\\\\";
+        break;
+      case '\b':
+        out += "\\b";
+        break;
+      case '\f':
+        out += "\\f";
+        break;
+      case '\n':
+        out += "\\n";
+        break;
+      case '\r':
+        out += "\\r";
+        break;
+      case '\t':
+        out += "\\t";
+        break;
+      default:
+        if (c < 0x20) {
+          out += "\\u00";
+          out += kHex[c >> 4];
+          out += kHex[c & 0xF];
+        } else if (c < 0x80) {
+          out += static_cast<char>(c);
+        } else {
+          out += static_cast<char>(0xC0 | (c >> 6));
+          out += static_cast<char>(0x80 | (c & 0x3F));
+        }
+    }
+  }
+  out += '"';
+}
+
 std::string ForTerminal(std::string_view text) {
   std::string out(text);
   for (char& c : out) {
@@ -47,6 +89,15 @@ void HeadlessOperator::Say(std::string_view text) {
   constexpr std::size_t kMostHeld = 64 * 1024;
   said_.append(text);
   if (said_.size() >= kMostHeld) FlushSaid();
+}
+
+void HeadlessOperator::SayForTerminal(std::string_view text) {
+  const std::size_t at = said_.size();
+  said_.append(text);
+  for (std::size_t k = at; k < said_.size(); ++k) {
+    if (said_[k] == '\r') said_[k] = '\n';
+  }
+  if (said_.size() >= 64 * 1024) FlushSaid();
 }
 
 void HeadlessOperator::FlushSaid() {
@@ -96,25 +147,38 @@ std::string HeadlessOperator::AskTerminal(std::string_view question) {
 
 MsgAnswer HeadlessOperator::MsgBox(std::string_view text, MsgButtons buttons,
                                    std::string_view title) {
-  const std::vector<std::string_view> captions = ButtonCaptions(buttons);
-  nlohmann::ordered_json line = {{"kind", "message"},
-                                 {"title", Latin1ToUtf8(title)},
-                                 {"text", Latin1ToUtf8(text)},
-                                 {"buttons", nlohmann::ordered_json::array()}};
-  std::string shown;
-  for (std::string_view c : captions) {
-    line["buttons"].push_back(std::string(c));
-    if (!shown.empty()) shown += '/';
-    shown += c;
+  // A run may show a message for every row of a long export: an OK message costs no
+  // allocation of its own here.
+  static const std::vector<std::string_view> kOKOnly = {"OK"};
+  std::vector<std::string_view> owned;
+  if (buttons != MsgButtons::OKOnly) owned = ButtonCaptions(buttons);
+  const std::vector<std::string_view>& captions = buttons == MsgButtons::OKOnly ? kOKOnly : owned;
+
+  std::string& line = json_;
+  line.assign(R"({"kind":"message","title":)");
+  AppendJsonString(line, title);
+  line += R"(,"text":)";
+  AppendJsonString(line, text);
+  line += R"(,"buttons":[)";
+  for (std::size_t k = 0; k < captions.size(); ++k) {
+    if (k > 0) line += ',';
+    AppendJsonString(line, captions[k]);
   }
+  line += ']';
+
   Say("[");
   Say(title);
   Say("] ");
-  Say(ForTerminal(text));
+  SayForTerminal(text);
   Say("\n");
 
   MsgAnswer answer = MsgAnswer::OK;
   if (buttons != MsgButtons::OKOnly) {
+    std::string shown;
+    for (std::string_view c : captions) {
+      if (!shown.empty()) shown += '/';
+      shown += c;
+    }
     std::string given;
     if (NextAnswer(given)) {
       if (!AnswerFromCaption(buttons, given, answer)) {
@@ -122,7 +186,7 @@ MsgAnswer HeadlessOperator::MsgBox(std::string_view text, MsgButtons buttons,
       }
     } else if (accept_defaults_) {
       if (!DefaultMayRepeat(title, text, captions.front())) {
-        Record(line.dump());
+        Record(line + '}');
         throw Unanswered("the question keeps coming back to its default answer");
       }
       AnswerFromCaption(buttons, captions.front(), answer);
@@ -130,12 +194,14 @@ MsgAnswer HeadlessOperator::MsgBox(std::string_view text, MsgButtons buttons,
       while (!AnswerFromCaption(buttons, AskTerminal("(" + shown + ")? "), answer)) {
       }
     } else {
-      Record(line.dump());
+      Record(line + '}');
       throw Unanswered("the question was left unanswered");
     }
   }
-  line["answer"] = std::string(AnswerCaption(answer));
-  Record(line.dump());
+  line += R"(,"answer":)";
+  AppendJsonString(line, AnswerCaption(answer));
+  line += '}';
+  Record(line);
   return answer;
 }
 

@@ -42,13 +42,16 @@ class HeadlessOperator : public Operator {
   std::string AskTerminal(std::string_view question);
   void Record(const std::string& json_line);
   void Say(std::string_view text);
+  // Says text with its carriage returns as line breaks, as a person reads it.
+  void SayForTerminal(std::string_view text);
   // Under --accept-defaults: false once the same question has taken the same default answer
   // too many times in a row. A question that repeats until its answer is valid would
   // otherwise go round for ever on a default that is not.
   bool DefaultMayRepeat(std::string_view title, std::string_view text, std::string_view answer);
 
   std::deque<std::string> answers_;
-  std::string said_;          // what is said, not yet written to standard error
+  std::string said_;  // what is said, not yet written to standard error
+  std::string json_;  // the transcript line being built, kept to spare an allocation a message
   std::string last_default_;  // title, text and answer of the last question answered by default
   int default_repeats_ = 0;
   bool accept_defaults_;
@@ -58,6 +61,9 @@ class HeadlessOperator : public Operator {
 
 // Single-byte text as JSON-safe UTF-8: each byte is the character of the same number.
 std::string Latin1ToUtf8(std::string_view text);
+// Appends single-byte text as a JSON string: UTF-8, with quotes, backslashes and control
+// characters escaped as the JSON library escapes them.
+void AppendJsonString(std::string& out, std::string_view text);
 // What a person reads on the terminal: carriage returns as line breaks.
 std::string ForTerminal(std::string_view text);
 
