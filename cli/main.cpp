@@ -240,6 +240,7 @@ int Run(const RunOptions& o, const std::vector<ScreenEntry>& entries) {
                       o.transcript.empty() ? nullptr : &transcript_file, isatty(0) == 1);
   frmTimeImport F(ui, env);
   F.check_options = o.check.Resolved();
+  F.gather_summary = summary.wanted();
   // The summary of a press that began goes out whatever ended it; a wrong command line
   // before the press leaves none.
   bool pressed = false;

@@ -169,6 +169,9 @@ class frmTimeImport {
   // of every line written. Both are gathered afresh at each press, with the thresholds in
   // check_options as they stand at the press, and stay until the next press.
   CheckOptions check_options;
+  // Off, the writers skip both: the summary keeps a row per employee, which a run of a
+  // million employees would otherwise carry for nothing.
+  bool gather_summary = true;
   const RunSummary& LastSummary() const { return summary_; }
   const ImportCheck& LastCheck() const { return check_; }
 

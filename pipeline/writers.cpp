@@ -150,14 +150,14 @@ void frmTimeImport::BuildLine(bool other) {
 bool frmTimeImport::KeepRecord(bool x_passes) {
   ImportRecord& r = ImportRec;
   if (!x_passes && UCase(Trim(r.Earning_Code)) == "X") {
-    summary_.Dropped(DropReason::CodeX, r);
+    if (gather_summary) summary_.Dropped(DropReason::CodeX, r);
     return false;
   }
   // both figures are always tested: a text that is no number raises in either
   const bool no_hours = RoundsToZero(r.Hours);
   const bool no_amount = RoundsToZero(Value(r.Amount));
   if (no_hours && no_amount) {
-    summary_.Dropped(DropReason::NoFigures, r);
+    if (gather_summary) summary_.Dropped(DropReason::NoFigures, r);
     return false;
   }
   // Shift 1 is the default and is not sent.
@@ -188,6 +188,7 @@ void frmTimeImport::WriteOutputRecOther() {
 }
 
 void frmTimeImport::NoteWritten(bool other) {
+  if (!gather_summary) return;
   const RunSummary::Placed at = summary_.Written(ImportRec, other);
   // the check numbers its files as the summary does
   while (check_.files().size() < summary_.files().size()) {
