@@ -5,15 +5,16 @@
 
 namespace corvane {
 
-namespace {
-
-constexpr std::size_t kLineFields = 29;
-
+// A field of Evolution's layout with a width.
 struct FieldWidth {
   int field;
   std::size_t width;
   std::string_view name;
 };
+
+namespace {
+
+constexpr std::size_t kLineFields = 29;
 
 // Evolution's fixed-length form of the time clock import; its comma form carries the same
 // fields. Field 6 is left to the D-or-E rule, which says more than a width would. The team
@@ -40,6 +41,15 @@ constexpr FieldWidth kWidths[] = {
     {25, 6, "workers' compensation"},
     {29, 6, "team"},
 };
+
+// The widths by field number, for a look-up a field.
+struct WidthTable {
+  std::array<const FieldWidth*, kLineFields + 1> by_field{};
+  constexpr WidthTable() {
+    for (const FieldWidth& w : kWidths) by_field[static_cast<std::size_t>(w.field)] = &w;
+  }
+};
+constexpr WidthTable kWidthOf;
 
 std::string_view TrimBlanks(std::string_view s) {
   while (!s.empty() && s.front() == ' ') s.remove_prefix(1);
@@ -193,16 +203,19 @@ void ImportCheck::Warn(int file, long line, std::string_view employee, CheckRule
 
 void ImportCheck::CheckWidth(int file, long line, std::string_view employee, int field,
                              std::string_view value) {
-  for (const FieldWidth& w : kWidths) {
-    if (w.field != field) continue;
-    const std::string_view trimmed = TrimBlanks(value);
-    if (trimmed.size() > w.width) {
-      Warn(file, line, employee, CheckRule::FieldTooLong, field,
-           std::string(w.name) + " " + Quoted(trimmed) + " has " + std::to_string(trimmed.size()) +
-               " characters; its field holds " + std::to_string(w.width));
-    }
-    return;
-  }
+  const FieldWidth* w = kWidthOf.by_field[static_cast<std::size_t>(field)];
+  // a field no wider than its width needs no trimming to pass: the common case stays here
+  if (w == nullptr || value.size() <= w->width) return;
+  WidthExceeded(file, line, employee, *w, value);
+}
+
+void ImportCheck::WidthExceeded(int file, long line, std::string_view employee, const FieldWidth& w,
+                                std::string_view value) {
+  const std::string_view trimmed = TrimBlanks(value);
+  if (trimmed.size() <= w.width) return;
+  Warn(file, line, employee, CheckRule::FieldTooLong, w.field,
+       std::string(w.name) + " " + Quoted(trimmed) + " has " + std::to_string(trimmed.size()) +
+           " characters; its field holds " + std::to_string(w.width));
 }
 
 void ImportCheck::CheckFigures(int file, long line, std::string_view employee,

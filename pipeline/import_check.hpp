@@ -40,6 +40,8 @@ inline constexpr std::size_t kCheckRuleCount = 12;
 // The stable name of a rule, as the JSON summary and `corvane check` print it.
 std::string_view RuleName(CheckRule rule);
 
+struct FieldWidth;
+
 struct CheckWarning {
   int file = 0;   // index into ImportCheck::files()
   long line = 0;  // line number in that file, from 1
@@ -90,6 +92,8 @@ class ImportCheck {
             std::string text);
   void CheckWidth(int file, long line, std::string_view employee, int field,
                   std::string_view value);
+  void WidthExceeded(int file, long line, std::string_view employee, const FieldWidth& w,
+                     std::string_view value);
   void CheckFigures(int file, long line, std::string_view employee,
                     const std::array<std::string_view, 30>& f);
 

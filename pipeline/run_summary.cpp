@@ -64,14 +64,12 @@ RunSummary::Placed RunSummary::Written(const ImportRecord& r, bool other) {
   r.Employee_no.AppendTo(employee_);
   // An employee's lines mostly follow one another too.
   if (last_employee_ >= employees_.size() || employees_[last_employee_].employee != employee_) {
-    const auto found = employee_index_.find(std::string_view(employee_));
-    if (found != employee_index_.end()) {
-      last_employee_ = found->second;
-    } else {
-      last_employee_ = employees_.size();
+    // one look-up whether the number is new or not
+    const auto [at, is_new] = employee_index_.try_emplace(employee_, employees_.size());
+    last_employee_ = at->second;
+    if (is_new) {
       employees_.emplace_back();
       employees_.back().employee = employee_;
-      employee_index_.emplace(employee_, last_employee_);
     }
   }
   EmployeeTotals& e = employees_[last_employee_];
