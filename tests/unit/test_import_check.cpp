@@ -210,5 +210,31 @@ TEST(ImportCheck, AFilesTextIsCheckedLineByLineWhateverItsLineEnds) {
   EXPECT_EQ(empty.lines_checked(), 0);
 }
 
+TEST(ImportCheck, HostileTextIsCheckedWithoutHarmAndWarningsBeyondTheLimitAreCounted) {
+  std::string bytes;
+  for (int c = 0; c < 256; ++c) bytes.push_back(static_cast<char>(c));
+  const std::string text =
+      bytes + "\r\n\"\n\"\"\n\",\"\n\",,\"\n" + std::string(1 << 20, ',') + "\n\r\r\n";
+  ImportCheck odd;
+  CheckImportText(odd, odd.BeginFile("f"), text);
+  odd.Finish();
+  EXPECT_EQ(odd.lines_checked(), 8);
+  EXPECT_EQ(odd.lines_with_warnings(), 8);
+
+  // Past the kept warnings only the counts go on, the deferred employee rule included.
+  ImportCheck many;
+  const int file = many.BeginFile("f");
+  const long lines = static_cast<long>(ImportCheck::kKeptWarnings) + 5;
+  for (long n = 1; n <= lines; ++n) many.CheckLine(file, n, Line({{7, "?"}}));
+  many.CheckLine(file, lines + 1, Line({{1, "\"A1\""}}));
+  many.Finish();
+  EXPECT_EQ(many.warnings().size(), ImportCheck::kKeptWarnings);
+  EXPECT_EQ(many.counts()[static_cast<std::size_t>(CheckRule::CodeUnassigned)], lines);
+  EXPECT_EQ(many.counts()[static_cast<std::size_t>(CheckRule::EmployeeNotNumeric)], 1);
+  EXPECT_EQ(many.left_off(), 6);
+  EXPECT_EQ(many.total_warnings(), lines + 1);
+  EXPECT_EQ(many.lines_with_warnings(), lines + 1);
+}
+
 }  // namespace
 }  // namespace corvane
