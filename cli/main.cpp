@@ -10,6 +10,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/headless_operator.hpp"
+#include "cli/safety_net.hpp"
 #include "cli/settings_commands.hpp"
 #include "pipeline/dispatch.hpp"
 #include "pipeline/time_import.hpp"
@@ -224,6 +225,8 @@ struct RunOptions {
   bool accept_defaults = false;
   std::string transcript;
   bool save_screen = false;
+  std::string summary;
+  CheckFlags check;
 };
 
 int Run(const RunOptions& o, const std::vector<ScreenEntry>& entries) {
@@ -244,9 +247,22 @@ int Run(const RunOptions& o, const std::vector<ScreenEntry>& entries) {
       return 2;
     }
   }
+  SummaryOutput summary;
+  if (!summary.Open(o.summary)) {
+    std::cerr << "corvane: cannot write the summary " << o.summary << "\n";
+    return 2;
+  }
   HeadlessOperator ui({o.answers.begin(), o.answers.end()}, o.accept_defaults,
                       o.transcript.empty() ? nullptr : &transcript_file, isatty(0) == 1);
   frmTimeImport F(ui, env);
+  F.check_options = o.check.Resolved();
+  F.gather_summary = summary.wanted();
+  // The summary of a press that began goes out whatever ended it; a wrong command line
+  // before the press leaves none.
+  bool pressed = false;
+  auto write_summary = [&] {
+    if (pressed) summary.Write(F);
+  };
   try {
     F.Form_Load();
     if (!o.format.empty()) {
@@ -267,20 +283,25 @@ int Run(const RunOptions& o, const std::vector<ScreenEntry>& entries) {
       }
     }
     for (const std::string& name : o.press) Press(F, name);
+    pressed = true;
     F.cmdInterface_Click();
+    write_summary();
     const int status = F.Reported() ? 0 : 1;
     if (o.save_screen) F.Exit();
     return status;
   } catch (const RuntimeError& error) {
     // The program ends at once, without storing the screen.
     ui.RuntimeErrorReport(error);
+    write_summary();
     return 3;
   } catch (const FatalError& fatal) {
     ui.RuntimeErrorReport(fatal.error());
+    write_summary();
     return 3;
   } catch (const Unanswered&) {
     ui.FlushSaid();
     std::cerr << "corvane: a question was left unanswered\n";
+    write_summary();
     return 4;
   } catch (const UsageError& e) {
     ui.FlushSaid();
@@ -315,6 +336,19 @@ int Main(int argc, char** argv) {
   run->add_flag("--save-screen", o.save_screen,
                 "After the run, leave as Exit does: the control file and the location table "
                 "are written");
+  run->add_option("--summary", o.summary,
+                  "After the run, write its summary and the pre-import check of its lines as "
+                  "JSON to this file, or as a short table on standard output with -");
+  o.check.AddTo(run);
+
+  CheckFlags check_flags;
+  std::string check_file;
+  bool check_json = false;
+  CLI::App* check =
+      app.add_subcommand("check", "Check an existing Evolution import file before it is imported");
+  check->add_option("FILE", check_file, "The import file")->required();
+  check_flags.AddTo(check);
+  check->add_flag("--json", check_json, "The warnings as JSON, in the summary's shape");
 
   bool missing = false;
   CLI::App* formats = app.add_subcommand("formats", "List the time clocks in list order");
@@ -334,6 +368,7 @@ int Main(int argc, char** argv) {
     return 2;
   }
   if (formats->parsed()) return json ? FormatsJson(missing) : Formats(missing);
+  if (check->parsed()) return CheckFile(check_file, check_flags.Resolved(), check_json);
   if (int status = 0; settings.Run(status)) return status;
   return Run(o, OrderedScreenEntries(argc, argv));
 }

@@ -25,6 +25,21 @@ bool IsFullPath(const std::string& path) {
 
 }  // namespace
 
+void frmTimeImport::cmdInterface_Click() {
+  summary_.Reset();
+  check_.Reset(check_options);
+  // The summary closes whatever ends the press, a run-time error included.
+  try {
+    Corvane();
+  } catch (...) {
+    summary_.Finish(ChosenTC, TCcount, RecCount, reported_);
+    check_.Finish();
+    throw;
+  }
+  summary_.Finish(ChosenTC, TCcount, RecCount, reported_);
+  check_.Finish();
+}
+
 void frmTimeImport::Corvane() {
   reported_ = false;
   // The values of the previous press, not the screen's: the first press always passes.
@@ -197,9 +212,11 @@ void frmTimeImport::InitFiles() {
     OutputStream = fs.createtextfile(OUTFile.str(), true);
     if (qsr) AuditStream.reset();
     AuditStream = fs.createtextfile(AuditFile.str(), true);
+    summary_.BeginFile(OUTFile.str(), false);
     if (qsr) {
       ExceptionStream.reset();
       ExceptionStream = fs.createtextfile(OtherOUTFile, true);
+      summary_.BeginFile(OtherOUTFile, true);
     }
   } catch (const RuntimeError& error) {
     // "Ampay" and "QsrSoft" name their files from the file's contents and create them later.

@@ -9,7 +9,9 @@
 #include <typeindex>
 #include <unordered_map>
 
+#include "pipeline/import_check.hpp"
 #include "pipeline/import_record.hpp"
+#include "pipeline/run_summary.hpp"
 #include "runtime/dates.hpp"
 #include "runtime/filesystem.hpp"
 #include "runtime/infile.hpp"
@@ -120,7 +122,8 @@ class frmTimeImport {
   void SelectTimeClock(int index);
 
   // The run.
-  void cmdInterface_Click() { Corvane(); }
+  // The press: the run, with its summary and check gathered on the way.
+  void cmdInterface_Click();
   void Corvane();
   void ChooseTC();
   void InitFiles();
@@ -162,6 +165,16 @@ class frmTimeImport {
   // Whether the last press ended with the report of CloseFiles.
   bool Reported() const { return reported_; }
 
+  // The safety net of a press: what the writers wrote and dropped, and the pre-import check
+  // of every line written. Both are gathered afresh at each press, with the thresholds in
+  // check_options as they stand at the press, and stay until the next press.
+  CheckOptions check_options;
+  // Off, the writers skip both: the summary keeps a row per employee, which a run of a
+  // million employees would otherwise carry for nothing.
+  bool gather_summary = true;
+  const RunSummary& LastSummary() const { return summary_; }
+  const ImportCheck& LastCheck() const { return check_; }
+
   // The input fields of one format: plain members of the form, one group per format,
   // created at first use and kept for the life of the form.
   template <class T>
@@ -181,6 +194,8 @@ class frmTimeImport {
   // The writers' first steps: the drop rules and the shift; false drops the record.
   bool KeepRecord(bool x_passes);
   void BuildLine(bool other);
+  // A line just written: into the summary and through the check.
+  void NoteWritten(bool other);
 
   struct HolderBase {
     virtual ~HolderBase() = default;
@@ -192,6 +207,8 @@ class frmTimeImport {
   std::unordered_map<std::type_index, std::unique_ptr<HolderBase>> fields_;
   std::array<InputFile, 10> files_;
   bool reported_ = false;
+  RunSummary summary_;
+  ImportCheck check_;
   bool output_missing_ = false;
   bool kv8_loaded_ = false;
   bool tm_read_ = false;

@@ -149,11 +149,17 @@ void frmTimeImport::BuildLine(bool other) {
 
 bool frmTimeImport::KeepRecord(bool x_passes) {
   ImportRecord& r = ImportRec;
-  if (!x_passes && UCase(Trim(r.Earning_Code)) == "X") return false;
+  if (!x_passes && UCase(Trim(r.Earning_Code)) == "X") {
+    if (gather_summary) summary_.Dropped(DropReason::CodeX, r);
+    return false;
+  }
   // both figures are always tested: a text that is no number raises in either
   const bool no_hours = RoundsToZero(r.Hours);
   const bool no_amount = RoundsToZero(Value(r.Amount));
-  if (no_hours && no_amount) return false;
+  if (no_hours && no_amount) {
+    if (gather_summary) summary_.Dropped(DropReason::NoFigures, r);
+    return false;
+  }
   // Shift 1 is the default and is not sent.
   const std::string shift = Trim(r.Shift);
   if (shift == "0" || shift == "00" || shift == "1") r.Shift = "";
@@ -167,6 +173,7 @@ void frmTimeImport::WriteOutputRec() {
   Build_String = line_;
   Stream(OutputStream).WriteLine(line_);
   ++RecCount;
+  NoteWritten(false);
   WriteAuditRec();
 }
 
@@ -176,7 +183,18 @@ void frmTimeImport::WriteOutputRecOther() {
   Build_String = line_;
   Stream(ExceptionStream).WriteLine(line_);
   ++RecCount;
+  NoteWritten(true);
   WriteAuditRec();
+}
+
+void frmTimeImport::NoteWritten(bool other) {
+  if (!gather_summary) return;
+  const RunSummary::Placed at = summary_.Written(ImportRec, other);
+  // the check numbers its files as the summary does
+  while (check_.files().size() < summary_.files().size()) {
+    check_.BeginFile(summary_.files()[check_.files().size()].path);
+  }
+  check_.CheckLine(at.file, at.line, line_);
 }
 
 void frmTimeImport::WriteAuditRec() {
