@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "runtime/text.hpp"
 #include "screen/operator.hpp"
 
 namespace corvane {
@@ -59,8 +60,6 @@ class HeadlessOperator : public Operator {
   bool interactive_;
 };
 
-// Single-byte text as JSON-safe UTF-8: each byte is the character of the same number.
-std::string Latin1ToUtf8(std::string_view text);
 // Appends single-byte text as a JSON string: UTF-8, with quotes, backslashes and control
 // characters escaped as the JSON library escapes them.
 void AppendJsonString(std::string& out, std::string_view text);

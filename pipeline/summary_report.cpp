@@ -4,25 +4,13 @@
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
+#include "runtime/text.hpp"
+
 namespace corvane {
 
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-std::string Utf8(std::string_view text) {
-  std::string out;
-  out.reserve(text.size());
-  for (unsigned char c : text) {
-    if (c < 0x80) {
-      out += static_cast<char>(c);
-    } else {
-      out += static_cast<char>(0xC0 | (c >> 6));
-      out += static_cast<char>(0x80 | (c & 0x3F));
-    }
-  }
-  return out;
-}
 
 // Sums of figures carry the binary fractions of their parts: six places say all a figure
 // of the file can.
@@ -60,12 +48,12 @@ Json CheckObject(const ImportCheck& check) {
   }
   Json warnings = Json::array();
   for (const CheckWarning& w : check.warnings()) {
-    warnings.push_back({{"file", Utf8(FileName(check, w.file))},
+    warnings.push_back({{"file", Latin1ToUtf8(FileName(check, w.file))},
                         {"line", w.line},
-                        {"employee", Utf8(w.employee)},
+                        {"employee", Latin1ToUtf8(w.employee)},
                         {"rule", std::string(RuleName(w.rule))},
                         {"field", w.field},
-                        {"text", Utf8(w.text)}});
+                        {"text", Latin1ToUtf8(w.text)}});
   }
   return Json{{"max_hours", o.max_hours},
               {"max_rate", o.max_rate},
@@ -101,20 +89,21 @@ std::string BaseName(const std::string& path) {
 std::string SummaryJson(const RunSummary& s, const ImportCheck& check) {
   Json files = Json::array();
   for (const SummaryFile& f : s.files()) {
-    files.push_back(
-        {{"path", Utf8(f.path)}, {"kind", f.other ? "second" : "import"}, {"lines", f.lines}});
+    files.push_back({{"path", Latin1ToUtf8(f.path)},
+                     {"kind", f.other ? "second" : "import"},
+                     {"lines", f.lines}});
   }
   Json codes = Json::array();
   for (const CodeTotals& c : s.codes()) {
-    codes.push_back({{"d_or_e", Utf8(c.dore)},
-                     {"code", Utf8(c.code)},
+    codes.push_back({{"d_or_e", Latin1ToUtf8(c.dore)},
+                     {"code", Latin1ToUtf8(c.code)},
                      {"lines", c.count},
                      {"hours", Rounded(c.hours)},
                      {"dollars", Rounded(c.dollars)}});
   }
   Json each = Json::array();
   for (const EmployeeTotals& e : s.employees()) {
-    each.push_back({{"employee", Utf8(e.employee)},
+    each.push_back({{"employee", Latin1ToUtf8(e.employee)},
                     {"lines", e.count},
                     {"hours", Rounded(e.hours)},
                     {"dollars", Rounded(e.dollars)}});
@@ -122,16 +111,16 @@ std::string SummaryJson(const RunSummary& s, const ImportCheck& check) {
   Json largest_line = nullptr;
   if (const LargestHours& l = s.largest_line(); l.file >= 0) {
     largest_line = {{"hours", Rounded(l.hours)},
-                    {"employee", Utf8(l.employee)},
-                    {"file", Utf8(s.files()[static_cast<std::size_t>(l.file)].path)},
+                    {"employee", Latin1ToUtf8(l.employee)},
+                    {"file", Latin1ToUtf8(s.files()[static_cast<std::size_t>(l.file)].path)},
                     {"line", l.line}};
   }
   Json largest_employee = nullptr;
   if (const LargestHours& l = s.largest_employee(); l.hours > 0) {
-    largest_employee = {{"hours", Rounded(l.hours)}, {"employee", Utf8(l.employee)}};
+    largest_employee = {{"hours", Rounded(l.hours)}, {"employee", Latin1ToUtf8(l.employee)}};
   }
   Json j{{"summary_version", kSummaryVersion},
-         {"format", Utf8(s.format())},
+         {"format", Latin1ToUtf8(s.format())},
          {"completed", s.completed()},
          {"records_read", s.records_read()},
          {"lines_written", s.lines_written()},

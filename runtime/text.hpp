@@ -53,4 +53,8 @@ std::vector<std::string> Split(TextArg t, TextArg delimiter);
 // Val: the number at the start of the text (blanks skipped), 0 when none.
 double Val(TextArg t);
 
+// Single-byte text as UTF-8: each byte is the character of the same number. The settings
+// files and the exports are single-byte; JSON and the desktop want UTF-8.
+std::string Latin1ToUtf8(std::string_view text);
+
 }  // namespace corvane
