@@ -25,6 +25,7 @@
 #include <filesystem>
 
 #include "gui/side_forms.hpp"
+#include "gui/summary_panel.hpp"
 #include "gui/widgets.hpp"
 #include "runtime/errors.hpp"
 
@@ -87,6 +88,7 @@ TimeImportWindow::TimeImportWindow(Environment env, QWidget* parent)
   ecode_ = std::make_unique<ECodeWindow>(*this);
   kv8_ = std::make_unique<Kv8Window>(*this);
   tm_ = std::make_unique<TMdeptWindow>(*this);
+  summary_ = std::make_unique<SummaryPanel>(this, F_.LastSummary(), F_.LastCheck());
   Connect();
   setWindowTitle(Q(F_.Caption));
   ShowModel();
@@ -341,8 +343,11 @@ void TimeImportWindow::Connect() {
 }
 
 void TimeImportWindow::ConnectButtons() {
+  // The press, then its summary beside the window once the report has been answered.
+  connect(static_cast<QPushButton*>(widgets_[cmdInterface]), &QPushButton::clicked, this, [this] {
+    if (Event([this] { F_.cmdInterface_Click(); })) summary_->ShowPress(F_.Reported());
+  });
   const std::pair<Ctl, std::function<void()>> buttons[] = {
-      {cmdInterface, [this] { F_.cmdInterface_Click(); }},
       {cmdLookup, [this] { F_.cmdLookup_Click(); }},
       {cmdAssEcodes, [this] { F_.cmdAssEcodes_Click(); }},
       {cmdKv8, [this] { F_.cmdKv8_Click(); }},
@@ -394,6 +399,7 @@ void TimeImportWindow::End(const RuntimeError& error) {
   ecode_->hide();
   kv8_->hide();
   tm_->hide();
+  summary_->hide();
   close();
   QCoreApplication::exit(3);
 }
@@ -535,6 +541,7 @@ void TimeImportWindow::closeEvent(QCloseEvent* event) {
   ecode_->hide();
   kv8_->hide();
   tm_->hide();
+  summary_->hide();
   event->accept();
 }
 

@@ -20,6 +20,7 @@ namespace corvane::gui {
 
 class ECodeWindow;
 class Kv8Window;
+class SummaryPanel;
 class TMdeptWindow;
 
 class TimeImportWindow : public QMainWindow {
@@ -39,6 +40,7 @@ class TimeImportWindow : public QMainWindow {
   ECodeWindow& ECode() const { return *ecode_; }
   Kv8Window& Kv8() const { return *kv8_; }
   TMdeptWindow& TMdept() const { return *tm_; }
+  SummaryPanel& Summary() const { return *summary_; }
   QAction* ExitAction() const { return exit_; }
   QAction* AboutAction() const { return about_; }
 
@@ -86,6 +88,7 @@ class TimeImportWindow : public QMainWindow {
   std::unique_ptr<ECodeWindow> ecode_;
   std::unique_ptr<Kv8Window> kv8_;
   std::unique_ptr<TMdeptWindow> tm_;
+  std::unique_ptr<SummaryPanel> summary_;
   bool ended_ = false;   // a run-time error ended the program
   bool exited_ = false;  // Exit has run the exit path already
   bool showing_ = false;
