@@ -93,6 +93,7 @@ Said NeedsCode(const std::string& format, int column) {
 
 const std::vector<Example>& BundledExamples() {
   static const std::vector<Example> kExamples = {
+      {"abra.xlsx", "ABRA", {}, 6, 5},
       {"access.csv", "Access", {}, 8, 25},
       {"aloha-v5-3-13.csv", "Aloha v5.3.13", {}, 11, 21},
       {"aloha-v6-5-42.csv", "Aloha v6.5.42", {"txtMinWage=7.25"}, 7, 19},
