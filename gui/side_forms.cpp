@@ -10,8 +10,10 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "gui/main_window.hpp"
 #include "gui/widgets.hpp"
@@ -22,6 +24,8 @@ namespace {
 
 // The grid's widths are in twips; the screen has fifteen to a pixel.
 constexpr int kTwipsPerPixel = 15;
+// room beside a heading's text for the frame of its section
+constexpr int kHeadingSlack = 12;
 
 QLabel* BoldLabel(QWidget* parent) {
   auto* label = new QLabel(parent);
@@ -111,7 +115,15 @@ ECodeWindow::ECodeWindow(TimeImportWindow& main) : QDialog(&main), main_(main) {
   connect(add_row_, &QPushButton::clicked, this, [this] {
     std::optional<std::size_t> added;
     main_.Event([this, &added] { added = main_.Form().ECode.ECodeGrid.AddRow(); });
-    if (added) grid_->setCurrentCell(static_cast<int>(*added), 0);
+    if (!added) return;
+    // the operator types the new row straight away: the keyboard goes to its first cell
+    const int row = static_cast<int>(*added);
+    int first = 0;
+    while (first < grid_->columnCount() && grid_->isColumnHidden(first)) ++first;
+    if (first == grid_->columnCount()) return;
+    grid_->setCurrentCell(row, first);
+    grid_->setFocus(Qt::OtherFocusReason);
+    grid_->editItem(grid_->item(row, first));
   });
   connect(delete_row_, &QPushButton::clicked, this, [this] {
     const int row = grid_->currentRow();
@@ -154,7 +166,13 @@ void ECodeWindow::ShowModel() {
     if (head == nullptr) grid_->setHorizontalHeaderItem(c, head = new QTableWidgetItem);
     head->setText(Q(column.caption));
     grid_->setColumnHidden(c, column.hidden);
-    if (column.width > 0) grid_->setColumnWidth(c, column.width / kTwipsPerPixel);
+    // a column is never narrower than its heading, so that every heading reads whole
+    const QHeaderView* header = grid_->horizontalHeader();
+    const int heading = header->fontMetrics().horizontalAdvance(head->text()) +
+                        2 * header->style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, header) +
+                        kHeadingSlack;
+    const int width = column.width > 0 ? column.width / kTwipsPerPixel : grid_->columnWidth(c);
+    grid_->setColumnWidth(c, std::max(width, heading));
     const Qt::Alignment align =
         column.alignment == ColumnAlignment::Center
             ? Qt::AlignCenter

@@ -1,6 +1,8 @@
 // The side forms: the earning-code grid and the two customisations, through their windows.
+#include <QApplication>
 #include <QFile>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -88,6 +90,37 @@ class FormsTest : public QObject {
     QVERIFY(!form.isVisible());
     QCOMPARE(Contents(s.Settings() + "/TimeImport_EarnCodes.dat").count("ZZ"), 0);
     QCOMPARE(op.seen.size(), std::size_t{1});  // the first start's note, nothing since
+  }
+
+  // After "Add Row" the keyboard is in the new row's first cell, and every heading is whole.
+  void gridTakesTheKeyboardAfterAddRow() {
+    Session s;
+    Operator op;
+    auto w = s.Open(op);
+    ChooseTimeClock(*w, QStringLiteral("ADI"));
+    TypeInto(w->Widget(CoNum), QStringLiteral("77"));
+    Click(w->Widget(cmdAssEcodes));
+    ECodeWindow& form = w->ECode();
+    QApplication::setActiveWindow(&form);
+    QVERIFY(QTest::qWaitForWindowActive(&form));
+    QTableWidget* grid = form.Grid();
+    for (int c = 0; c < grid->columnCount(); ++c) {
+      if (grid->isColumnHidden(c)) continue;
+      const QString heading = grid->horizontalHeaderItem(c)->text();
+      QVERIFY2(
+          grid->columnWidth(c) > grid->horizontalHeader()->fontMetrics().horizontalAdvance(heading),
+          qPrintable(heading));
+    }
+
+    Click(form.AddRowButton());
+    QCOMPARE(grid->rowCount(), 2);
+    QWidget* typing = QApplication::focusWidget();
+    QVERIFY(typing != nullptr && grid->isAncestorOf(typing));
+    QTest::keyClicks(typing, QStringLiteral("77"));
+    QTest::keyClick(typing, Qt::Key_Return);
+    // the editor hands its text over once the key has been dealt with
+    QTRY_COMPARE(grid->item(1, 0)->text(), QStringLiteral("77"));
+    Click(form.CancelButton());
   }
 
   // The segment lengths check themselves as they are typed; the form saves what it shows.
