@@ -90,6 +90,8 @@ TimeImportWindow::TimeImportWindow(Environment env, QWidget* parent)
   tm_ = std::make_unique<TMdeptWindow>(*this);
   summary_ = std::make_unique<SummaryPanel>(this, F_.LastSummary(), F_.LastCheck());
   Connect();
+  // Enter presses the focused button, here and on the side forms, as on every desktop
+  for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(true);
   setWindowTitle(Q(F_.Caption));
   ShowModel();
 }

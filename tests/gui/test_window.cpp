@@ -117,6 +117,18 @@ class WindowTest : public QObject {
     QCOMPARE(op.seen.size(), std::size_t{1});  // only the first start's note
   }
 
+  // Enter on a focused button presses it: Generate refuses at once on a fresh screen.
+  void enterPressesTheFocusedButton() {
+    Session s;
+    Operator op;
+    auto w = s.Open(op);
+    op.seen.clear();
+    w->Widget(cmdInterface)->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(w->Widget(cmdInterface), Qt::Key_Return);
+    QCOMPARE(op.seen.size(), std::size_t{1});
+    QCOMPARE(op.seen[0].kind, QStringLiteral("message"));
+  }
+
   // The rule runs as the operator leaves a D-or-E box, and three boxes are exempt from it.
   void deOrEBoxesCheckThemselvesOnLeaving() {
     Session s;
