@@ -297,7 +297,13 @@ void TimeImportWindow::Connect() {
       pick->item(i)->setHidden(!pick->item(i)->text().contains(text, Qt::CaseInsensitive));
     }
   });
-  connect(filter_, &QLineEdit::returnPressed, this, [pick] {
+  connect(filter_, &QLineEdit::returnPressed, this, [this, pick] {
+    // a name typed whole is the one meant, even where a longer name comes before it
+    for (int i = 0; i < pick->count(); ++i) {
+      if (pick->item(i)->text().compare(filter_->text(), Qt::CaseInsensitive) == 0) {
+        return pick->setCurrentRow(i);
+      }
+    }
     for (int i = 0; i < pick->count(); ++i) {
       if (!pick->item(i)->isHidden()) return pick->setCurrentRow(i);
     }

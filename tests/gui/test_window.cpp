@@ -129,6 +129,20 @@ class WindowTest : public QObject {
     QCOMPARE(op.seen[0].kind, QStringLiteral("message"));
   }
 
+  // Enter in the filter takes a name typed whole over a longer one listed before it.
+  void filterEnterPrefersTheExactName() {
+    Session s;
+    Operator op;
+    auto w = s.Open(op);
+    TypeInto(w->PickTCFilter(), QStringLiteral("time manager v2.8"));
+    QCOMPARE(Entries(w->Widget(PickTC)).size(), 2);
+    QTest::keyClick(w->PickTCFilter(), Qt::Key_Return);
+    QCOMPARE(w->Form().ChosenTC, std::string("Time Manager v2.8"));
+    TypeInto(w->PickTCFilter(), QStringLiteral("time manager v2"));
+    QTest::keyClick(w->PickTCFilter(), Qt::Key_Return);
+    QCOMPARE(w->Form().ChosenTC, std::string("Time Manager v2.8 csv"));  // no exact name: the first
+  }
+
   // The rule runs as the operator leaves a D-or-E box, and three boxes are exempt from it.
   void deOrEBoxesCheckThemselvesOnLeaving() {
     Session s;
