@@ -23,6 +23,7 @@
 #include <QStorageInfo>
 #include <QVBoxLayout>
 #include <filesystem>
+#include <tuple>
 
 #include "gui/side_forms.hpp"
 #include "gui/summary_panel.hpp"
@@ -353,20 +354,51 @@ void TimeImportWindow::Connect() {
 void TimeImportWindow::ConnectButtons() {
   // The press, then its summary beside the window once the report has been answered.
   connect(static_cast<QPushButton*>(widgets_[cmdInterface]), &QPushButton::clicked, this, [this] {
-    if (Event([this] { F_.cmdInterface_Click(); })) summary_->ShowPress(F_.Reported());
+    ui_.Forget();
+    if (!Event([this] { F_.cmdInterface_Click(); })) return;
+    FocusRefusedBox();
+    summary_->ShowPress(F_.Reported());
   });
   const std::pair<Ctl, std::function<void()>> buttons[] = {
       {cmdLookup, [this] { F_.cmdLookup_Click(); }},
       {cmdAssEcodes, [this] { F_.cmdAssEcodes_Click(); }},
       {cmdKv8, [this] { F_.cmdKv8_Click(); }},
       {cmdTM, [this] { F_.cmdTM_Click(); }},
-      {cmdShowSample, [this] { F_.S.cmdShowSample_Click(); }},
-      {cmdHideSample, [this] { F_.S.cmdHideSample_Click(); }},
   };
   for (const auto& [id, handler] : buttons) {
     connect(static_cast<QPushButton*>(widgets_[id]), &QPushButton::clicked, this,
             [this, handler = handler] { Event(handler); });
   }
+  // The two sample buttons take each other's place: the keyboard goes to the one now shown
+  // rather than on to the next box, where a stray key would overwrite its text.
+  for (const auto& [id, other, handler] :
+       {std::tuple{cmdShowSample, cmdHideSample, &Screen::cmdShowSample_Click},
+        std::tuple{cmdHideSample, cmdShowSample, &Screen::cmdHideSample_Click}}) {
+    connect(static_cast<QPushButton*>(widgets_[id]), &QPushButton::clicked, this,
+            [this, id = id, other = other, handler = handler] {
+              const bool had_focus = widgets_[id]->hasFocus();
+              Event([this, handler] { (F_.S.*handler)(); });
+              if (had_focus && widgets_[other]->isVisible()) {
+                widgets_[other]->setFocus(Qt::OtherFocusReason);
+              }
+            });
+  }
+}
+
+void TimeImportWindow::FocusRefusedBox() {
+  // a refusal names the box to put right; the keyboard goes there, not back to Generate
+  const std::string& message = ui_.LastMessage();
+  Ctl box;
+  if (message == "You must enter an input filename") {
+    box = CorvaneInputFile;
+  } else if (message == "Please provide a valid Company Number") {
+    box = CoNum;
+  } else if (message.rfind("Period Ending Date", 0) == 0) {
+    box = pdEndDate;
+  } else {
+    return;
+  }
+  if (widgets_[box]->isVisible()) widgets_[box]->setFocus(Qt::OtherFocusReason);
 }
 
 bool TimeImportWindow::eventFilter(QObject* watched, QEvent* event) {

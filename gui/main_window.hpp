@@ -68,6 +68,8 @@ class TimeImportWindow : public QMainWindow {
   QWidget* BuildCodesPanel();
   void Connect();
   void ConnectButtons();
+  // After a press: the keyboard in the box its refusal is about.
+  void FocusRefusedBox();
   // The folder list shows its folder's subfolders, and ".." above them.
   void ShowFolder(Ctl dir);
   void ShowFileChoice();

@@ -143,6 +143,49 @@ class WindowTest : public QObject {
     QCOMPARE(w->Form().ChosenTC, std::string("Time Manager v2.8 csv"));  // no exact name: the first
   }
 
+  // A refused press leaves the keyboard in the box the message is about.
+  void refusalFocusesItsBox() {
+    Session s;
+    Touch(s.Home() + "/week.csv");
+    Operator op;
+    auto w = s.Open(op);
+    ChooseTimeClock(*w, QStringLiteral("Access"));
+    auto* files = static_cast<QListWidget*>(w->Widget(filInput));
+    QTest::mouseClick(files->viewport(), Qt::LeftButton, {},
+                      files->visualItemRect(files->item(0)).center());
+    TypeInto(w->Widget(CorvaneOutputPath), s.Home());
+    TypeInto(w->Widget(CoNum), QString());
+    op.seen.clear();
+    Click(w->Widget(cmdInterface));
+    QCOMPARE(op.seen.size(), std::size_t{1});
+    QCOMPARE(op.seen[0].text, QStringLiteral("Please provide a valid Company Number"));
+    QApplication::setActiveWindow(w.get());
+    QTRY_VERIFY(w->Widget(CoNum)->hasFocus());
+
+    TypeInto(w->Widget(CoNum), QStringLiteral("123"));
+    TypeInto(w->Widget(pdEndDate), QStringLiteral("99/99/9999"));
+    Click(w->Widget(cmdInterface));
+    QCOMPARE(op.seen.size(), std::size_t{2});
+    QCOMPARE(op.seen[1].text, QStringLiteral("Period Ending Date is not formatted properly."));
+    QApplication::setActiveWindow(w.get());
+    QTRY_VERIFY(w->Widget(pdEndDate)->hasFocus());
+  }
+
+  // "Show Sample" gives the keyboard to "Hide Sample" in its place, not to Company Number.
+  void showSampleKeepsTheKeyboardOnTheButtons() {
+    Session s;
+    Operator op;
+    auto w = s.Open(op);
+    w->Widget(cmdShowSample)->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(w->Widget(cmdShowSample), Qt::Key_Space);
+    QVERIFY(Shown(*w, ShowSample));
+    QVERIFY(w->Widget(cmdHideSample)->hasFocus());
+    QTest::keyClick(w->Widget(cmdHideSample), Qt::Key_Space);
+    QVERIFY(!Shown(*w, ShowSample));
+    QVERIFY(w->Widget(cmdShowSample)->hasFocus());
+    QCOMPARE(Text(*w, CoNum), QStringLiteral("123"));
+  }
+
   // The rule runs as the operator leaves a D-or-E box, and three boxes are exempt from it.
   void deOrEBoxesCheckThemselvesOnLeaving() {
     Session s;
