@@ -523,15 +523,17 @@ void TimeImportWindow::ShowFileChoice() {
 }
 
 void TimeImportWindow::BrowseInput() {
-  // The format's pattern as the dialog's filter: "*.csv;*.txt" shows both kinds.
+  // The format's pattern as the dialog's first filter ("*.csv;*.txt" shows both kinds), and
+  // every file as the second, opening in the folder the lists show.
   QString patterns = Q(F_.S[filInput].pattern);
   patterns.replace(QLatin1Char(';'), QLatin1Char(' '));
-  const QString chosen =
-      QFileDialog::getOpenFileName(this, QStringLiteral("Input file (from Time Clock system)"),
-                                   Q(F_.S[dirInput].text), patterns + QStringLiteral(";;*"));
-  if (chosen.isEmpty()) return;
+  QFileDialog dialog(this, QStringLiteral("Input file (from Time Clock system)"),
+                     Q(F_.S[dirInput].text));
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setNameFilters({patterns, QStringLiteral("All files (*)")});
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
   // as the lists would: the folder list goes to the folder, then a click on the file
-  const QFileInfo file(chosen);
+  const QFileInfo file(dialog.selectedFiles().front());
   Event([this, folder = L(file.absolutePath()), name = L(file.fileName())] {
     F_.S[dirInput].text = folder;
     F_.S[dirInput].list_index = -1;
@@ -542,10 +544,11 @@ void TimeImportWindow::BrowseInput() {
 }
 
 void TimeImportWindow::BrowseOutput() {
-  const QString chosen =
-      QFileDialog::getExistingDirectory(this, Q(kOutputPickerCaption), Q(F_.S[dirOutput].text));
-  if (chosen.isEmpty()) return;
-  Event([this, folder = L(chosen)] {
+  QFileDialog dialog(this, Q(kOutputPickerCaption), Q(F_.S[dirOutput].text));
+  dialog.setFileMode(QFileDialog::Directory);
+  dialog.setOption(QFileDialog::ShowDirsOnly);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
+  Event([this, folder = L(dialog.selectedFiles().front())] {
     F_.S[dirOutput].text = folder;
     F_.S[dirOutput].list_index = -1;
     F_.S.dirOutput_Change();

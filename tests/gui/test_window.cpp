@@ -186,6 +186,47 @@ class WindowTest : public QObject {
     QCOMPARE(Text(*w, CoNum), QStringLiteral("123"));
   }
 
+  // Browse chooses the input as a click in the file list does: a press refused for want of
+  // an input file runs again after it. The dialog opens in the lists' folder.
+  void browseForInputRecoversTheRefusedPress() {
+    Session s;
+    QVERIFY(QFile::copy(QStringLiteral(CORVANE_EXAMPLES "/access.csv"), s.Home() + "/access.csv"));
+    Operator op;
+    auto w = s.Open(op);
+    ChooseTimeClock(*w, QStringLiteral("Access"));
+    TypeInto(w->Widget(CorvaneOutputPath), s.Home());
+    TypeInto(w->Widget(CoNum), QStringLiteral("123"));
+    op.seen.clear();
+    Click(w->Widget(cmdInterface));
+    QCOMPARE(op.seen.size(), std::size_t{1});
+    QCOMPARE(op.seen[0].text, QStringLiteral("You must enter an input filename"));
+    Click(w->Widget(cmdInterface));  // kept: nothing until a file is chosen
+    QCOMPARE(op.seen.size(), std::size_t{1});
+
+    op.Answer(s.Home() + "/access.csv");
+    Click(w->findChild<QPushButton*>(QStringLiteral("browseInput")));
+    QCOMPARE(op.seen.size(), std::size_t{2});
+    QCOMPARE(op.seen[1].kind, QStringLiteral("file"));
+    QCOMPARE(op.seen[1].text, QDir(s.Home()).absolutePath());
+    QCOMPARE(op.seen[1].buttons.size(), 2);
+    QVERIFY(op.seen[1].buttons[0].contains(QStringLiteral("*.csv")));
+    QVERIFY(op.seen[1].buttons[1].startsWith(QStringLiteral("All files")));
+    QCOMPARE(Text(*w, CorvaneInputFile), s.Home() + "/access.csv");
+    Click(w->Widget(cmdInterface));
+    QCOMPARE(op.seen.size(), std::size_t{3});
+    QVERIFY(op.seen[2].text.startsWith(QStringLiteral("Import from Access Complete.")));
+
+    // the output's Browse opens in the output folder list's folder and takes a folder
+    QVERIFY(QDir(s.Home()).mkdir(QStringLiteral("out")));
+    const QString shown = w->Widget(dirOutput)->toolTip();
+    op.Answer(s.Home() + "/out");
+    Click(w->findChild<QPushButton*>(QStringLiteral("browseOutput")));
+    QCOMPARE(op.seen.size(), std::size_t{4});
+    QCOMPARE(op.seen[3].kind, QStringLiteral("file"));
+    QCOMPARE(op.seen[3].text, QDir(shown).absolutePath());
+    QCOMPARE(Text(*w, CorvaneOutputPath), s.Home() + "/out");
+  }
+
   // The rule runs as the operator leaves a D-or-E box, and three boxes are exempt from it.
   void deOrEBoxesCheckThemselvesOnLeaving() {
     Session s;
