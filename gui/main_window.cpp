@@ -264,6 +264,17 @@ void TimeImportWindow::Connect() {
       case kTextBox: {
         auto* edit = static_cast<QLineEdit*>(w);
         connect(edit, &QLineEdit::textEdited, this, [c](const QString& t) { c->text = L(t); });
+        if (id == CorvaneOutputPath) {
+          // a folder typed whole is where the output folder list goes, as a double click would;
+          // on Enter or leaving the box, so that the list does not follow every keystroke
+          connect(edit, &QLineEdit::editingFinished, this, [this, edit] {
+            const QString typed = edit->text();
+            if (typed.isEmpty() || !QFileInfo(typed).isDir()) return;
+            F_.S[dirOutput].text = L(QDir(typed).absolutePath());
+            F_.S[dirOutput].list_index = -1;
+            ShowFolder(dirOutput);
+          });
+        }
         edit->installEventFilter(this);
         break;
       }
@@ -496,6 +507,8 @@ void TimeImportWindow::ShowFolder(Ctl dir) {
   if (list->property("folder").toString() == path && list->count() > 0) return;
   list->setProperty("folder", path);
   list->clear();
+  // a folder just opened reads from its top
+  list->scrollToTop();
   QDir folder(path);
   auto add = [list](const QString& shown, const QString& target) {
     auto* item = new QListWidgetItem(shown, list);
@@ -518,6 +531,11 @@ void TimeImportWindow::ShowFileChoice() {
   const QSignalBlocker hold(list);
   const Control& files = F_.S[filInput];
   list->setToolTip(Q(files.pattern));
+  // the files of a folder just opened read from the top
+  if (list->property("folder").toString() != Q(files.text)) {
+    list->setProperty("folder", Q(files.text));
+    list->scrollToTop();
+  }
   const QList<QListWidgetItem*> chosen = list->findItems(Q(files.file_name), Qt::MatchExactly);
   list->setCurrentItem(chosen.isEmpty() ? nullptr : chosen.front());
 }

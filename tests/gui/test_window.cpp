@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 
 #include "gui/side_forms.hpp"
@@ -225,6 +226,52 @@ class WindowTest : public QObject {
     QCOMPARE(op.seen[3].kind, QStringLiteral("file"));
     QCOMPARE(op.seen[3].text, QDir(shown).absolutePath());
     QCOMPARE(Text(*w, CorvaneOutputPath), s.Home() + "/out");
+  }
+
+  // A folder typed as the output path moves the folder list there; a folder opened from the
+  // list shows its top, in both lists.
+  void folderListsFollowTheFolderOpened() {
+    Session s;
+    QDir home(s.Home());
+    for (int i = 0; i < 60; ++i)
+      QVERIFY(home.mkpath(QStringLiteral("d%1/e").arg(i, 2, 10, QChar('0'))));
+    for (int i = 0; i < 60; ++i)
+      Touch(s.Home() + QStringLiteral("/f%1.csv").arg(i, 2, 10, QChar('0')));
+    Operator op;
+    auto w = s.Open(op);
+    ChooseTimeClock(*w, QStringLiteral("Access"));
+    auto* folders = static_cast<QListWidget*>(w->Widget(dirOutput));
+
+    TypeInto(w->Widget(CorvaneOutputPath), s.Home() + "/d07");
+    QTest::keyClick(w->Widget(CorvaneOutputPath), Qt::Key_Return);
+    QCOMPARE(folders->toolTip(), s.Home() + "/d07");
+    QVERIFY(!folders->findItems(QStringLiteral("e"), Qt::MatchExactly).isEmpty());
+    TypeInto(w->Widget(CorvaneOutputPath), s.Home() + "/nowhere");  // not a folder: stays
+    QTest::keyClick(w->Widget(CorvaneOutputPath), Qt::Key_Return);
+    QCOMPARE(folders->toolTip(), s.Home() + "/d07");
+
+    // back up, to the end of the long list, then into a folder near its foot
+    auto open = [](QListWidget* list, const QString& name) {
+      QListWidgetItem* item = list->findItems(name, Qt::MatchExactly).value(0);
+      QVERIFY(item != nullptr);
+      list->scrollToItem(item);
+      // a double click arrives as a click and then the second press
+      const QPoint at = list->visualItemRect(item).center();
+      QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at);
+      QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);
+    };
+    open(folders, QStringLiteral(".."));
+    open(folders, QStringLiteral("d59"));
+    QCOMPARE(folders->toolTip(), s.Home() + "/d59");
+    QCOMPARE(folders->verticalScrollBar()->value(), 0);
+
+    auto* files = static_cast<QListWidget*>(w->Widget(filInput));
+    auto* inputs = static_cast<QListWidget*>(w->Widget(dirInput));
+    files->scrollToBottom();
+    QVERIFY(files->verticalScrollBar()->value() > 0);
+    open(inputs, QStringLiteral("d00"));
+    open(inputs, QStringLiteral(".."));
+    QCOMPARE(files->verticalScrollBar()->value(), 0);
   }
 
   // The rule runs as the operator leaves a D-or-E box, and three boxes are exempt from it.
