@@ -26,6 +26,8 @@ namespace {
 constexpr int kTwipsPerPixel = 15;
 // room beside a heading's text for the frame of its section
 constexpr int kHeadingSlack = 12;
+// the width a window frame gives its close button and the rest beside the title
+constexpr int kTitleBarButtons = 160;
 
 QLabel* BoldLabel(QWidget* parent) {
   auto* label = new QLabel(parent);
@@ -406,6 +408,8 @@ AboutBox::AboutBox(QWidget* parent) : QDialog(parent) {
   h->addStretch();
   h->addWidget(ok);
   v->addLayout(h);
+  // the frame shows the title whole: its text, and room for the frame's own buttons
+  setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) + kTitleBarButtons);
 }
 
 }  // namespace corvane::gui

@@ -490,6 +490,9 @@ class WindowTest : public QObject {
     QCOMPARE(about.windowTitle(), QStringLiteral("About Corvane"));
     QCOMPARE(about.Title()->text(), QStringLiteral("Corvane"));
     QCOMPARE(about.Version()->text(), QStringLiteral("Version 0.1.0"));
+    // wide enough for its title beside the frame's buttons
+    about.show();
+    QVERIFY(about.width() > about.fontMetrics().horizontalAdvance(about.windowTitle()) + 100);
   }
 };
 
