@@ -264,6 +264,13 @@ void TimeImportWindow::Connect() {
       case kTextBox: {
         auto* edit = static_cast<QLineEdit*>(w);
         connect(edit, &QLineEdit::textEdited, this, [c](const QString& t) { c->text = L(t); });
+        if (id == CoNum || id == LocNum) {
+          // the customisation forms' titles name the company and store as they are typed
+          connect(edit, &QLineEdit::textEdited, this, [this] {
+            kv8_->ShowModel();
+            tm_->ShowModel();
+          });
+        }
         if (id == CorvaneOutputPath) {
           // a folder typed whole is where the output folder list goes, as a double click would;
           // on Enter or leaving the box, so that the list does not follow every keystroke

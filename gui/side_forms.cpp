@@ -48,6 +48,14 @@ void FollowVisibility(QDialog* window, bool visible) {
   }
 }
 
+// A side form's title with the company it edits, and the store when one is typed: the main
+// screen stays usable while the form is open, so the title says whose settings these are.
+QString TitleFor(std::string_view caption, const std::string& company, const std::string& store) {
+  QString title = Q(caption) + QStringLiteral(" - Company ") + Q(company).trimmed();
+  if (!Q(store).trimmed().isEmpty()) title += QStringLiteral(", Store ") + Q(store).trimmed();
+  return title;
+}
+
 QPushButton* Button(QWidget* parent, const Control& model) {
   auto* button = new QPushButton(Q(model.caption), parent);
   button->setObjectName(Q(model.name));
@@ -188,6 +196,11 @@ void ECodeWindow::ShowModel() {
     }
   }
   showing_ = false;
+  // the grid holds the rows of the company it was opened for, whatever CoNum says since
+  if (form.visible && !isVisible()) {
+    setWindowTitle(
+        TitleFor(frmECode::kCaption, main_.Form().S[CoNum].text, main_.Form().S[LocNum].text));
+  }
   FollowVisibility(this, form.visible);
 }
 
@@ -271,7 +284,8 @@ Kv8Window::Kv8Window(TimeImportWindow& main)
 void Kv8Window::ShowModel() {
   showing_ = true;
   frmKv8& form = main_.Form().Kv8;
-  setWindowTitle(Q(form.caption));
+  // Save writes to the company in CoNum as it stands then: the title follows it
+  setWindowTitle(TitleFor(form.caption, main_.Form().S[CoNum].text, main_.Form().S[LocNum].text));
   title_->setText(Q(form.lblTitle.caption));
   custom_heading_->setText(Q(form.Label7.caption));
   choices_.Show(form.Frame1);
@@ -352,7 +366,7 @@ TMdeptWindow::TMdeptWindow(TimeImportWindow& main)
 void TMdeptWindow::ShowModel() {
   showing_ = true;
   frmTMdept& form = main_.Form().TMdept;
-  setWindowTitle(Q(form.caption));
+  setWindowTitle(TitleFor(form.caption, main_.Form().S[CoNum].text, main_.Form().S[LocNum].text));
   title_->setText(Q(form.lblTitle.caption));
   choices_.Show(form.DeptFrame);
   ShowControl(form.Label7, breakout_heading_);

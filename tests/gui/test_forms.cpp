@@ -55,7 +55,8 @@ class FormsTest : public QObject {
     ECodeWindow& form = w->ECode();
     QVERIFY(form.isVisible());
     QVERIFY(!form.isModal());
-    QCOMPARE(form.windowTitle(), QStringLiteral("Assign Time Categories to Earning Codes"));
+    QCOMPARE(form.windowTitle(),
+             QStringLiteral("Assign Time Categories to Earning Codes - Company 77"));
     QTableWidget* grid = form.Grid();
     QCOMPARE(Headers(grid), (QStringList{"Company", "Time Category#", "D or E", "Earn Code",
                                          "$ or H", "Shift", "Skip? Y/N"}));
@@ -135,7 +136,7 @@ class FormsTest : public QObject {
     Click(w->Widget(cmdTM));
     TMdeptWindow& form = w->TMdept();
     QVERIFY(form.isVisible());
-    QCOMPARE(form.windowTitle(), QStringLiteral("Time Manager Customization"));
+    QCOMPARE(form.windowTitle(), QStringLiteral("Time Manager Customization - Company 123"));
     QVERIFY(form.Choices().empno->isVisibleTo(&form));
 
     TypeInto(form.Length(0), QStringLiteral("5"));
@@ -162,7 +163,7 @@ class FormsTest : public QObject {
     ChooseTimeClock(*w, QStringLiteral("Kronos v6 csv"));
     Click(w->Widget(cmdTM));
     QVERIFY(form.isVisible());
-    QCOMPARE(form.windowTitle(), QStringLiteral("Kronos/ADP Customization"));
+    QCOMPARE(form.windowTitle(), QStringLiteral("Kronos/ADP Customization - Company 123"));
     QVERIFY(!form.Choices().empno->isVisibleTo(&form));
     QVERIFY(!form.Choices().pay_rate->isVisibleTo(&form));
     QVERIFY(!form.Choices().dept->isVisibleTo(&form));
@@ -182,7 +183,12 @@ class FormsTest : public QObject {
     Click(w->Widget(cmdKv8));
     Kv8Window& form = w->Kv8();
     QVERIFY(form.isVisible());
-    QCOMPARE(form.windowTitle(), QStringLiteral("Custom Settings for Kronos v8"));
+    QCOMPARE(form.windowTitle(), QStringLiteral("Custom Settings for Kronos v8 - Company 123"));
+    // the title follows the company and store the save will write to
+    TypeInto(w->Widget(LocNum), QStringLiteral("7"));
+    QCOMPARE(form.windowTitle(),
+             QStringLiteral("Custom Settings for Kronos v8 - Company 123, Store 7"));
+    TypeInto(w->Widget(LocNum), QString());
     QVERIFY(form.Choices().emp->isChecked() && form.Choices().pr_yes->isChecked() &&
             form.Choices().dept_yes->isChecked());
     for (int n = 1; n <= 6; ++n) QCOMPARE(form.List(n)->currentRow(), -1);
