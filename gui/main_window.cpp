@@ -118,6 +118,9 @@ void TimeImportWindow::Build() {
 
   progress_line_->setObjectName(QStringLiteral("progress"));
   statusBar()->addWidget(progress_line_, 1);
+  hint_line_ = new QLabel;
+  hint_line_->setObjectName(QStringLiteral("hint"));
+  statusBar()->addPermanentWidget(hint_line_);
   resize(1180, 780);
 }
 
@@ -270,6 +273,9 @@ void TimeImportWindow::Connect() {
             kv8_->ShowModel();
             tm_->ShowModel();
           });
+        }
+        if (id == CorvaneOutputPath || id == LocNum) {
+          connect(edit, &QLineEdit::textEdited, this, [this] { ShowHints(); });
         }
         if (id == CorvaneOutputPath) {
           // a folder typed whole is where the output folder list goes, as a double click would;
@@ -475,10 +481,41 @@ void TimeImportWindow::ShowModel() {
   ShowFolder(dirInput);
   ShowFolder(dirOutput);
   ShowFileChoice();
+  ShowHints();
   showing_ = false;
   ecode_->ShowModel();
   kv8_->ShowModel();
   tm_->ShowModel();
+}
+
+void TimeImportWindow::ShowHints() {
+  // The prompts the boxes start with: a press that met them keeps doing nothing after.
+  const std::string input_prompt = "Input file (from Time Clock system)";
+  const std::string output_prompt = "Output path (folder for Evolution Import file)";
+  QStringList hints;
+  if (F_.ChosenTC == "Nothing") {
+    hints << QStringLiteral("Generate does nothing until a time clock is chosen in the list.");
+  }
+  if (F_.INFile == Value(input_prompt)) {
+    hints << QStringLiteral(
+        "Generate does nothing until an input file is clicked in the file list or chosen with "
+        "Browse.");
+  }
+  // the press makes a folder of whatever the box holds, its prompt included
+  auto* output = static_cast<QLineEdit*>(widgets_[CorvaneOutputPath]);
+  const bool output_prompt_left = F_.S[CorvaneOutputPath].text == output_prompt;
+  output->setStyleSheet(output_prompt_left ? QStringLiteral("background: #fff3c4;") : QString());
+  if (output_prompt_left) {
+    hints << QStringLiteral(
+        "The output path is still its prompt: a press makes a folder of that "
+        "name.");
+  }
+  // a location typed before a format that hides it still names the files
+  const QString location = Q(F_.S[LocNum].text).trimmed();
+  if (!F_.S[LocNum].visible && !location.isEmpty()) {
+    hints << QStringLiteral("Location %1 still names the files.").arg(location);
+  }
+  hint_line_->setText(hints.join(QLatin1Char(' ')));
 }
 
 void TimeImportWindow::ShowDrives(Ctl drive) {

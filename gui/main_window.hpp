@@ -37,6 +37,8 @@ class TimeImportWindow : public QMainWindow {
   QWidget* Widget(Ctl c) const { return widgets_[c]; }
   QLineEdit* PickTCFilter() const { return filter_; }
   QLabel* ProgressLine() const { return progress_line_; }
+  // What the screen's state means for the next press, at the foot of the window.
+  QLabel* HintLine() const { return hint_line_; }
   ECodeWindow& ECode() const { return *ecode_; }
   Kv8Window& Kv8() const { return *kv8_; }
   TMdeptWindow& TMdept() const { return *tm_; }
@@ -74,6 +76,8 @@ class TimeImportWindow : public QMainWindow {
   void ShowFolder(Ctl dir);
   void ShowFileChoice();
   void ShowDrives(Ctl drive);
+  // The status line's word on the behaviour a press keeps, and the mark on the output box.
+  void ShowHints();
   // The pickers' native dialogs, beside the lists.
   void BrowseInput();
   void BrowseOutput();
@@ -81,6 +85,7 @@ class TimeImportWindow : public QMainWindow {
   void End(const RuntimeError& error);
 
   QLabel* progress_line_;
+  QLabel* hint_line_ = nullptr;
   QtOperator ui_;
   frmTimeImport F_;
   std::array<QWidget*, kControlCount> widgets_{};

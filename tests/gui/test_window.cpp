@@ -274,6 +274,40 @@ class WindowTest : public QObject {
     QCOMPARE(files->verticalScrollBar()->value(), 0);
   }
 
+  // The status line says what the next press will do where the screen keeps a press from
+  // running, and a location hidden by the format that still names the files.
+  void statusLineExplainsWhatAPressKeeps() {
+    Session s;
+    Touch(s.Home() + "/week.csv");
+    Operator op;
+    auto w = s.Open(op);
+    QLabel* hint = w->HintLine();
+    auto* output = static_cast<QLineEdit*>(w->Widget(CorvaneOutputPath));
+    QCOMPARE(output->text(), QStringLiteral("Output path (folder for Evolution Import file)"));
+    QVERIFY(hint->text().contains(QStringLiteral("makes a folder of that name")));
+    QVERIFY(!output->styleSheet().isEmpty());
+    TypeInto(output, s.Home());
+    QVERIFY(!hint->text().contains(QStringLiteral("makes a folder")));
+    QVERIFY(output->styleSheet().isEmpty());
+
+    ChooseTimeClock(*w, QStringLiteral("Access"));
+    op.seen.clear();
+    Click(w->Widget(cmdInterface));
+    QCOMPARE(op.seen.size(), std::size_t{1});  // "You must enter an input filename"
+    QVERIFY(hint->text().contains(QStringLiteral("until an input file is clicked")));
+    auto* files = static_cast<QListWidget*>(w->Widget(filInput));
+    QTest::mouseClick(files->viewport(), Qt::LeftButton, {},
+                      files->visualItemRect(files->item(0)).center());
+    QVERIFY(!hint->text().contains(QStringLiteral("until an input file")));
+
+    ChooseTimeClock(*w, QStringLiteral("AccroPrint v2.0"));
+    TypeInto(w->Widget(LocNum), QStringLiteral(" 7 "));
+    QVERIFY(!hint->text().contains(QStringLiteral("Location")));  // shown: nothing to say
+    ChooseTimeClock(*w, QStringLiteral("Access"));
+    QVERIFY(!Shown(*w, LocNum));
+    QVERIFY(hint->text().contains(QStringLiteral("Location 7 still names the files.")));
+  }
+
   // The rule runs as the operator leaves a D-or-E box, and three boxes are exempt from it.
   void deOrEBoxesCheckThemselvesOnLeaving() {
     Session s;
