@@ -28,6 +28,8 @@
 #include "gui/side_forms.hpp"
 #include "gui/summary_panel.hpp"
 #include "gui/widgets.hpp"
+#include "pipeline/dispatch.hpp"
+#include "pipeline/translator.hpp"
 #include "runtime/errors.hpp"
 
 namespace corvane::gui {
@@ -482,10 +484,26 @@ void TimeImportWindow::ShowModel() {
   ShowFolder(dirOutput);
   ShowFileChoice();
   ShowHints();
+  MarkUnwritten();
   showing_ = false;
   ecode_->ShowModel();
   kv8_->ShowModel();
   tm_->ShowModel();
+}
+
+void TimeImportWindow::MarkUnwritten() {
+  auto* pick = static_cast<QListWidget*>(widgets_[PickTC]);
+  // the list's entries are set once; they are marked once with them
+  if (pick->property("marked").toInt() == pick->count()) return;
+  pick->setProperty("marked", pick->count());
+  for (int i = 0; i < pick->count(); ++i) {
+    QListWidgetItem* item = pick->item(i);
+    const ClockEntry* clock = FindClock(L(item->text()));
+    if (clock != nullptr && FindTranslator(clock->translator) != nullptr) continue;
+    // a press with this clock stops at once: not translated yet
+    item->setForeground(pick->palette().brush(QPalette::Disabled, QPalette::Text));
+    item->setToolTip(QStringLiteral("Not translated yet: Generate stops at once"));
+  }
 }
 
 void TimeImportWindow::ShowHints() {

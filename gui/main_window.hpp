@@ -78,6 +78,8 @@ class TimeImportWindow : public QMainWindow {
   void ShowDrives(Ctl drive);
   // The status line's word on the behaviour a press keeps, and the mark on the output box.
   void ShowHints();
+  // The time clocks whose press stops at once for want of a translator, greyed in the list.
+  void MarkUnwritten();
   // The pickers' native dialogs, beside the lists.
   void BrowseInput();
   void BrowseOutput();

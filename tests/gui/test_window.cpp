@@ -308,6 +308,21 @@ class WindowTest : public QObject {
     QVERIFY(hint->text().contains(QStringLiteral("Location 7 still names the files.")));
   }
 
+  // A time clock without its translator is greyed in the list with a note; one with it is not.
+  void untranslatedClocksAreMarked() {
+    Session s;
+    Operator op;
+    auto w = s.Open(op);
+    auto* pick = static_cast<QListWidget*>(w->Widget(PickTC));
+    QListWidgetItem* missing =
+        pick->findItems(QStringLiteral("Yellow Dog"), Qt::MatchExactly).value(0);
+    QListWidgetItem* written = pick->findItems(QStringLiteral("Access"), Qt::MatchExactly).value(0);
+    QVERIFY(missing != nullptr && written != nullptr);
+    QVERIFY(missing->toolTip().startsWith(QStringLiteral("Not translated yet")));
+    QVERIFY(missing->foreground() != written->foreground());
+    QVERIFY(written->toolTip().isEmpty());
+  }
+
   // The rule runs as the operator leaves a D-or-E box, and three boxes are exempt from it.
   void deOrEBoxesCheckThemselvesOnLeaving() {
     Session s;
