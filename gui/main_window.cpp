@@ -23,10 +23,13 @@
 #include <QStorageInfo>
 #include <QVBoxLayout>
 #include <filesystem>
+#include <tuple>
 
 #include "gui/side_forms.hpp"
 #include "gui/summary_panel.hpp"
 #include "gui/widgets.hpp"
+#include "pipeline/dispatch.hpp"
+#include "pipeline/translator.hpp"
 #include "runtime/errors.hpp"
 
 namespace corvane::gui {
@@ -90,6 +93,8 @@ TimeImportWindow::TimeImportWindow(Environment env, QWidget* parent)
   tm_ = std::make_unique<TMdeptWindow>(*this);
   summary_ = std::make_unique<SummaryPanel>(this, F_.LastSummary(), F_.LastCheck());
   Connect();
+  // Enter presses the focused button, here and on the side forms, as on every desktop
+  for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(true);
   setWindowTitle(Q(F_.Caption));
   ShowModel();
 }
@@ -115,6 +120,9 @@ void TimeImportWindow::Build() {
 
   progress_line_->setObjectName(QStringLiteral("progress"));
   statusBar()->addWidget(progress_line_, 1);
+  hint_line_ = new QLabel;
+  hint_line_->setObjectName(QStringLiteral("hint"));
+  statusBar()->addPermanentWidget(hint_line_);
   resize(1180, 780);
 }
 
@@ -261,6 +269,27 @@ void TimeImportWindow::Connect() {
       case kTextBox: {
         auto* edit = static_cast<QLineEdit*>(w);
         connect(edit, &QLineEdit::textEdited, this, [c](const QString& t) { c->text = L(t); });
+        if (id == CoNum || id == LocNum) {
+          // the customisation forms' titles name the company and store as they are typed
+          connect(edit, &QLineEdit::textEdited, this, [this] {
+            kv8_->ShowModel();
+            tm_->ShowModel();
+          });
+        }
+        if (id == CorvaneOutputPath || id == LocNum) {
+          connect(edit, &QLineEdit::textEdited, this, [this] { ShowHints(); });
+        }
+        if (id == CorvaneOutputPath) {
+          // a folder typed whole is where the output folder list goes, as a double click would;
+          // on Enter or leaving the box, so that the list does not follow every keystroke
+          connect(edit, &QLineEdit::editingFinished, this, [this, edit] {
+            const QString typed = edit->text();
+            if (typed.isEmpty() || !QFileInfo(typed).isDir()) return;
+            F_.S[dirOutput].text = L(QDir(typed).absolutePath());
+            F_.S[dirOutput].list_index = -1;
+            ShowFolder(dirOutput);
+          });
+        }
         edit->installEventFilter(this);
         break;
       }
@@ -295,7 +324,13 @@ void TimeImportWindow::Connect() {
       pick->item(i)->setHidden(!pick->item(i)->text().contains(text, Qt::CaseInsensitive));
     }
   });
-  connect(filter_, &QLineEdit::returnPressed, this, [pick] {
+  connect(filter_, &QLineEdit::returnPressed, this, [this, pick] {
+    // a name typed whole is the one meant, even where a longer name comes before it
+    for (int i = 0; i < pick->count(); ++i) {
+      if (pick->item(i)->text().compare(filter_->text(), Qt::CaseInsensitive) == 0) {
+        return pick->setCurrentRow(i);
+      }
+    }
     for (int i = 0; i < pick->count(); ++i) {
       if (!pick->item(i)->isHidden()) return pick->setCurrentRow(i);
     }
@@ -345,20 +380,51 @@ void TimeImportWindow::Connect() {
 void TimeImportWindow::ConnectButtons() {
   // The press, then its summary beside the window once the report has been answered.
   connect(static_cast<QPushButton*>(widgets_[cmdInterface]), &QPushButton::clicked, this, [this] {
-    if (Event([this] { F_.cmdInterface_Click(); })) summary_->ShowPress(F_.Reported());
+    ui_.Forget();
+    if (!Event([this] { F_.cmdInterface_Click(); })) return;
+    FocusRefusedBox();
+    summary_->ShowPress(F_.Reported());
   });
   const std::pair<Ctl, std::function<void()>> buttons[] = {
       {cmdLookup, [this] { F_.cmdLookup_Click(); }},
       {cmdAssEcodes, [this] { F_.cmdAssEcodes_Click(); }},
       {cmdKv8, [this] { F_.cmdKv8_Click(); }},
       {cmdTM, [this] { F_.cmdTM_Click(); }},
-      {cmdShowSample, [this] { F_.S.cmdShowSample_Click(); }},
-      {cmdHideSample, [this] { F_.S.cmdHideSample_Click(); }},
   };
   for (const auto& [id, handler] : buttons) {
     connect(static_cast<QPushButton*>(widgets_[id]), &QPushButton::clicked, this,
             [this, handler = handler] { Event(handler); });
   }
+  // The two sample buttons take each other's place: the keyboard goes to the one now shown
+  // rather than on to the next box, where a stray key would overwrite its text.
+  for (const auto& [id, other, handler] :
+       {std::tuple{cmdShowSample, cmdHideSample, &Screen::cmdShowSample_Click},
+        std::tuple{cmdHideSample, cmdShowSample, &Screen::cmdHideSample_Click}}) {
+    connect(static_cast<QPushButton*>(widgets_[id]), &QPushButton::clicked, this,
+            [this, id = id, other = other, handler = handler] {
+              const bool had_focus = widgets_[id]->hasFocus();
+              Event([this, handler] { (F_.S.*handler)(); });
+              if (had_focus && widgets_[other]->isVisible()) {
+                widgets_[other]->setFocus(Qt::OtherFocusReason);
+              }
+            });
+  }
+}
+
+void TimeImportWindow::FocusRefusedBox() {
+  // a refusal names the box to put right; the keyboard goes there, not back to Generate
+  const std::string& message = ui_.LastMessage();
+  Ctl box;
+  if (message == "You must enter an input filename") {
+    box = CorvaneInputFile;
+  } else if (message == "Please provide a valid Company Number") {
+    box = CoNum;
+  } else if (message.rfind("Period Ending Date", 0) == 0) {
+    box = pdEndDate;
+  } else {
+    return;
+  }
+  if (widgets_[box]->isVisible()) widgets_[box]->setFocus(Qt::OtherFocusReason);
 }
 
 bool TimeImportWindow::eventFilter(QObject* watched, QEvent* event) {
@@ -417,10 +483,57 @@ void TimeImportWindow::ShowModel() {
   ShowFolder(dirInput);
   ShowFolder(dirOutput);
   ShowFileChoice();
+  ShowHints();
+  MarkUnwritten();
   showing_ = false;
   ecode_->ShowModel();
   kv8_->ShowModel();
   tm_->ShowModel();
+}
+
+void TimeImportWindow::MarkUnwritten() {
+  auto* pick = static_cast<QListWidget*>(widgets_[PickTC]);
+  // the list's entries are set once; they are marked once with them
+  if (pick->property("marked").toInt() == pick->count()) return;
+  pick->setProperty("marked", pick->count());
+  for (int i = 0; i < pick->count(); ++i) {
+    QListWidgetItem* item = pick->item(i);
+    const ClockEntry* clock = FindClock(L(item->text()));
+    if (clock != nullptr && FindTranslator(clock->translator) != nullptr) continue;
+    // a press with this clock stops at once: not translated yet
+    item->setForeground(pick->palette().brush(QPalette::Disabled, QPalette::Text));
+    item->setToolTip(QStringLiteral("Not translated yet: Generate stops at once"));
+  }
+}
+
+void TimeImportWindow::ShowHints() {
+  // The prompts the boxes start with: a press that met them keeps doing nothing after.
+  const std::string input_prompt = "Input file (from Time Clock system)";
+  const std::string output_prompt = "Output path (folder for Evolution Import file)";
+  QStringList hints;
+  if (F_.ChosenTC == "Nothing") {
+    hints << QStringLiteral("Generate does nothing until a time clock is chosen in the list.");
+  }
+  if (F_.INFile == Value(input_prompt)) {
+    hints << QStringLiteral(
+        "Generate does nothing until an input file is clicked in the file list or chosen with "
+        "Browse.");
+  }
+  // the press makes a folder of whatever the box holds, its prompt included
+  auto* output = static_cast<QLineEdit*>(widgets_[CorvaneOutputPath]);
+  const bool output_prompt_left = F_.S[CorvaneOutputPath].text == output_prompt;
+  output->setStyleSheet(output_prompt_left ? QStringLiteral("background: #fff3c4;") : QString());
+  if (output_prompt_left) {
+    hints << QStringLiteral(
+        "The output path is still its prompt: a press makes a folder of that "
+        "name.");
+  }
+  // a location typed before a format that hides it still names the files
+  const QString location = Q(F_.S[LocNum].text).trimmed();
+  if (!F_.S[LocNum].visible && !location.isEmpty()) {
+    hints << QStringLiteral("Location %1 still names the files.").arg(location);
+  }
+  hint_line_->setText(hints.join(QLatin1Char(' ')));
 }
 
 void TimeImportWindow::ShowDrives(Ctl drive) {
@@ -456,6 +569,8 @@ void TimeImportWindow::ShowFolder(Ctl dir) {
   if (list->property("folder").toString() == path && list->count() > 0) return;
   list->setProperty("folder", path);
   list->clear();
+  // a folder just opened reads from its top
+  list->scrollToTop();
   QDir folder(path);
   auto add = [list](const QString& shown, const QString& target) {
     auto* item = new QListWidgetItem(shown, list);
@@ -478,20 +593,27 @@ void TimeImportWindow::ShowFileChoice() {
   const QSignalBlocker hold(list);
   const Control& files = F_.S[filInput];
   list->setToolTip(Q(files.pattern));
+  // the files of a folder just opened read from the top
+  if (list->property("folder").toString() != Q(files.text)) {
+    list->setProperty("folder", Q(files.text));
+    list->scrollToTop();
+  }
   const QList<QListWidgetItem*> chosen = list->findItems(Q(files.file_name), Qt::MatchExactly);
   list->setCurrentItem(chosen.isEmpty() ? nullptr : chosen.front());
 }
 
 void TimeImportWindow::BrowseInput() {
-  // The format's pattern as the dialog's filter: "*.csv;*.txt" shows both kinds.
+  // The format's pattern as the dialog's first filter ("*.csv;*.txt" shows both kinds), and
+  // every file as the second, opening in the folder the lists show.
   QString patterns = Q(F_.S[filInput].pattern);
   patterns.replace(QLatin1Char(';'), QLatin1Char(' '));
-  const QString chosen =
-      QFileDialog::getOpenFileName(this, QStringLiteral("Input file (from Time Clock system)"),
-                                   Q(F_.S[dirInput].text), patterns + QStringLiteral(";;*"));
-  if (chosen.isEmpty()) return;
+  QFileDialog dialog(this, QStringLiteral("Input file (from Time Clock system)"),
+                     Q(F_.S[dirInput].text));
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setNameFilters({patterns, QStringLiteral("All files (*)")});
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
   // as the lists would: the folder list goes to the folder, then a click on the file
-  const QFileInfo file(chosen);
+  const QFileInfo file(dialog.selectedFiles().front());
   Event([this, folder = L(file.absolutePath()), name = L(file.fileName())] {
     F_.S[dirInput].text = folder;
     F_.S[dirInput].list_index = -1;
@@ -502,10 +624,11 @@ void TimeImportWindow::BrowseInput() {
 }
 
 void TimeImportWindow::BrowseOutput() {
-  const QString chosen =
-      QFileDialog::getExistingDirectory(this, Q(kOutputPickerCaption), Q(F_.S[dirOutput].text));
-  if (chosen.isEmpty()) return;
-  Event([this, folder = L(chosen)] {
+  QFileDialog dialog(this, Q(kOutputPickerCaption), Q(F_.S[dirOutput].text));
+  dialog.setFileMode(QFileDialog::Directory);
+  dialog.setOption(QFileDialog::ShowDirsOnly);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
+  Event([this, folder = L(dialog.selectedFiles().front())] {
     F_.S[dirOutput].text = folder;
     F_.S[dirOutput].list_index = -1;
     F_.S.dirOutput_Change();

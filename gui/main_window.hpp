@@ -37,6 +37,8 @@ class TimeImportWindow : public QMainWindow {
   QWidget* Widget(Ctl c) const { return widgets_[c]; }
   QLineEdit* PickTCFilter() const { return filter_; }
   QLabel* ProgressLine() const { return progress_line_; }
+  // What the screen's state means for the next press, at the foot of the window.
+  QLabel* HintLine() const { return hint_line_; }
   ECodeWindow& ECode() const { return *ecode_; }
   Kv8Window& Kv8() const { return *kv8_; }
   TMdeptWindow& TMdept() const { return *tm_; }
@@ -68,10 +70,16 @@ class TimeImportWindow : public QMainWindow {
   QWidget* BuildCodesPanel();
   void Connect();
   void ConnectButtons();
+  // After a press: the keyboard in the box its refusal is about.
+  void FocusRefusedBox();
   // The folder list shows its folder's subfolders, and ".." above them.
   void ShowFolder(Ctl dir);
   void ShowFileChoice();
   void ShowDrives(Ctl drive);
+  // The status line's word on the behaviour a press keeps, and the mark on the output box.
+  void ShowHints();
+  // The time clocks whose press stops at once for want of a translator, greyed in the list.
+  void MarkUnwritten();
   // The pickers' native dialogs, beside the lists.
   void BrowseInput();
   void BrowseOutput();
@@ -79,6 +87,7 @@ class TimeImportWindow : public QMainWindow {
   void End(const RuntimeError& error);
 
   QLabel* progress_line_;
+  QLabel* hint_line_ = nullptr;
   QtOperator ui_;
   frmTimeImport F_;
   std::array<QWidget*, kControlCount> widgets_{};

@@ -31,6 +31,7 @@ QtOperator::ArrowWhileAsking::~ArrowWhileAsking() {
 }
 
 MsgAnswer QtOperator::MsgBox(std::string_view text, MsgButtons buttons, std::string_view title) {
+  last_message_ = text;
   QMessageBox box(Owner());
   box.setWindowTitle(Q(title));
   box.setTextFormat(Qt::PlainText);

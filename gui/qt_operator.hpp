@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <string>
 
 #include "screen/operator.hpp"
 
@@ -24,6 +25,10 @@ class QtOperator : public Operator {
   void RuntimeErrorReport(const RuntimeError& error) override;
 
   bool HourglassOn() const { return hourglass_; }
+  // The text of the last message box since Forget(), "" when none was shown: the window
+  // puts the keyboard in the box a refusal is about.
+  const std::string& LastMessage() const { return last_message_; }
+  void Forget() { last_message_.clear(); }
 
  private:
   QWidget* Owner() const;
@@ -42,6 +47,7 @@ class QtOperator : public Operator {
   QWidget* owner_;
   QLabel* progress_line_;
   bool hourglass_ = false;
+  std::string last_message_;
   QElapsedTimer since_painted_;
 };
 

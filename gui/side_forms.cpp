@@ -10,8 +10,10 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "gui/main_window.hpp"
 #include "gui/widgets.hpp"
@@ -22,6 +24,10 @@ namespace {
 
 // The grid's widths are in twips; the screen has fifteen to a pixel.
 constexpr int kTwipsPerPixel = 15;
+// room beside a heading's text for the frame of its section
+constexpr int kHeadingSlack = 12;
+// the width a window frame gives its close button and the rest beside the title
+constexpr int kTitleBarButtons = 160;
 
 QLabel* BoldLabel(QWidget* parent) {
   auto* label = new QLabel(parent);
@@ -40,6 +46,14 @@ void FollowVisibility(QDialog* window, bool visible) {
   } else if (!visible && window->isVisible()) {
     window->hide();
   }
+}
+
+// A side form's title with the company it edits, and the store when one is typed: the main
+// screen stays usable while the form is open, so the title says whose settings these are.
+QString TitleFor(std::string_view caption, const std::string& company, const std::string& store) {
+  QString title = Q(caption) + QStringLiteral(" - Company ") + Q(company).trimmed();
+  if (!Q(store).trimmed().isEmpty()) title += QStringLiteral(", Store ") + Q(store).trimmed();
+  return title;
 }
 
 QPushButton* Button(QWidget* parent, const Control& model) {
@@ -111,7 +125,15 @@ ECodeWindow::ECodeWindow(TimeImportWindow& main) : QDialog(&main), main_(main) {
   connect(add_row_, &QPushButton::clicked, this, [this] {
     std::optional<std::size_t> added;
     main_.Event([this, &added] { added = main_.Form().ECode.ECodeGrid.AddRow(); });
-    if (added) grid_->setCurrentCell(static_cast<int>(*added), 0);
+    if (!added) return;
+    // the operator types the new row straight away: the keyboard goes to its first cell
+    const int row = static_cast<int>(*added);
+    int first = 0;
+    while (first < grid_->columnCount() && grid_->isColumnHidden(first)) ++first;
+    if (first == grid_->columnCount()) return;
+    grid_->setCurrentCell(row, first);
+    grid_->setFocus(Qt::OtherFocusReason);
+    grid_->editItem(grid_->item(row, first));
   });
   connect(delete_row_, &QPushButton::clicked, this, [this] {
     const int row = grid_->currentRow();
@@ -154,7 +176,13 @@ void ECodeWindow::ShowModel() {
     if (head == nullptr) grid_->setHorizontalHeaderItem(c, head = new QTableWidgetItem);
     head->setText(Q(column.caption));
     grid_->setColumnHidden(c, column.hidden);
-    if (column.width > 0) grid_->setColumnWidth(c, column.width / kTwipsPerPixel);
+    // a column is never narrower than its heading, so that every heading reads whole
+    const QHeaderView* header = grid_->horizontalHeader();
+    const int heading = header->fontMetrics().horizontalAdvance(head->text()) +
+                        2 * header->style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, header) +
+                        kHeadingSlack;
+    const int width = column.width > 0 ? column.width / kTwipsPerPixel : grid_->columnWidth(c);
+    grid_->setColumnWidth(c, std::max(width, heading));
     const Qt::Alignment align =
         column.alignment == ColumnAlignment::Center
             ? Qt::AlignCenter
@@ -168,6 +196,11 @@ void ECodeWindow::ShowModel() {
     }
   }
   showing_ = false;
+  // the grid holds the rows of the company it was opened for, whatever CoNum says since
+  if (form.visible && !isVisible()) {
+    setWindowTitle(
+        TitleFor(frmECode::kCaption, main_.Form().S[CoNum].text, main_.Form().S[LocNum].text));
+  }
   FollowVisibility(this, form.visible);
 }
 
@@ -251,7 +284,8 @@ Kv8Window::Kv8Window(TimeImportWindow& main)
 void Kv8Window::ShowModel() {
   showing_ = true;
   frmKv8& form = main_.Form().Kv8;
-  setWindowTitle(Q(form.caption));
+  // Save writes to the company in CoNum as it stands then: the title follows it
+  setWindowTitle(TitleFor(form.caption, main_.Form().S[CoNum].text, main_.Form().S[LocNum].text));
   title_->setText(Q(form.lblTitle.caption));
   custom_heading_->setText(Q(form.Label7.caption));
   choices_.Show(form.Frame1);
@@ -332,7 +366,7 @@ TMdeptWindow::TMdeptWindow(TimeImportWindow& main)
 void TMdeptWindow::ShowModel() {
   showing_ = true;
   frmTMdept& form = main_.Form().TMdept;
-  setWindowTitle(Q(form.caption));
+  setWindowTitle(TitleFor(form.caption, main_.Form().S[CoNum].text, main_.Form().S[LocNum].text));
   title_->setText(Q(form.lblTitle.caption));
   choices_.Show(form.DeptFrame);
   ShowControl(form.Label7, breakout_heading_);
@@ -388,6 +422,8 @@ AboutBox::AboutBox(QWidget* parent) : QDialog(parent) {
   h->addStretch();
   h->addWidget(ok);
   v->addLayout(h);
+  // the frame shows the title whole: its text, and room for the frame's own buttons
+  setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) + kTitleBarButtons);
 }
 
 }  // namespace corvane::gui

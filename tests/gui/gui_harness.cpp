@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFile>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QListWidget>
@@ -47,6 +48,16 @@ void Operator::Poll() {
     if (given && answer == kCancel) return input->reject();
     if (given) input->setTextValue(answer);
     input->accept();
+  } else if (auto* files = qobject_cast<QFileDialog*>(modal)) {
+    // the folder it opens in and its filters; the answer is the path chosen, none cancels
+    seen.push_back({QStringLiteral("file"),
+                    files->windowTitle(),
+                    files->directory().absolutePath(),
+                    files->nameFilters(),
+                    {}});
+    if (!given) return files->reject();
+    files->selectFile(answer);
+    static_cast<QDialog*>(files)->accept();
   } else if (auto* dialog = qobject_cast<QDialog*>(modal)) {
     seen.push_back({QStringLiteral("dialog"), dialog->windowTitle(), {}, {}, {}});
     dialog->accept();

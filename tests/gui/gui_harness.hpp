@@ -15,7 +15,7 @@ namespace corvane::gui::test {
 
 // One dialog the window showed, as the operator saw it.
 struct Seen {
-  QString kind;  // "message" or "input"
+  QString kind;  // "message", "input", or "file" (text: its folder; buttons: its filters)
   QString title;
   QString text;  // the message, or the input box's prompt
   QStringList buttons;

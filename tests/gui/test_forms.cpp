@@ -1,6 +1,8 @@
 // The side forms: the earning-code grid and the two customisations, through their windows.
+#include <QApplication>
 #include <QFile>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -53,7 +55,8 @@ class FormsTest : public QObject {
     ECodeWindow& form = w->ECode();
     QVERIFY(form.isVisible());
     QVERIFY(!form.isModal());
-    QCOMPARE(form.windowTitle(), QStringLiteral("Assign Time Categories to Earning Codes"));
+    QCOMPARE(form.windowTitle(),
+             QStringLiteral("Assign Time Categories to Earning Codes - Company 77"));
     QTableWidget* grid = form.Grid();
     QCOMPARE(Headers(grid), (QStringList{"Company", "Time Category#", "D or E", "Earn Code",
                                          "$ or H", "Shift", "Skip? Y/N"}));
@@ -90,6 +93,37 @@ class FormsTest : public QObject {
     QCOMPARE(op.seen.size(), std::size_t{1});  // the first start's note, nothing since
   }
 
+  // After "Add Row" the keyboard is in the new row's first cell, and every heading is whole.
+  void gridTakesTheKeyboardAfterAddRow() {
+    Session s;
+    Operator op;
+    auto w = s.Open(op);
+    ChooseTimeClock(*w, QStringLiteral("ADI"));
+    TypeInto(w->Widget(CoNum), QStringLiteral("77"));
+    Click(w->Widget(cmdAssEcodes));
+    ECodeWindow& form = w->ECode();
+    QApplication::setActiveWindow(&form);
+    QVERIFY(QTest::qWaitForWindowActive(&form));
+    QTableWidget* grid = form.Grid();
+    for (int c = 0; c < grid->columnCount(); ++c) {
+      if (grid->isColumnHidden(c)) continue;
+      const QString heading = grid->horizontalHeaderItem(c)->text();
+      QVERIFY2(
+          grid->columnWidth(c) > grid->horizontalHeader()->fontMetrics().horizontalAdvance(heading),
+          qPrintable(heading));
+    }
+
+    Click(form.AddRowButton());
+    QCOMPARE(grid->rowCount(), 2);
+    QWidget* typing = QApplication::focusWidget();
+    QVERIFY(typing != nullptr && grid->isAncestorOf(typing));
+    QTest::keyClicks(typing, QStringLiteral("77"));
+    QTest::keyClick(typing, Qt::Key_Return);
+    // the editor hands its text over once the key has been dealt with
+    QTRY_COMPARE(grid->item(1, 0)->text(), QStringLiteral("77"));
+    Click(form.CancelButton());
+  }
+
   // The segment lengths check themselves as they are typed; the form saves what it shows.
   void timeManagerFormKeepsSegmentsWithinFifteen() {
     Session s;
@@ -102,7 +136,7 @@ class FormsTest : public QObject {
     Click(w->Widget(cmdTM));
     TMdeptWindow& form = w->TMdept();
     QVERIFY(form.isVisible());
-    QCOMPARE(form.windowTitle(), QStringLiteral("Time Manager Customization"));
+    QCOMPARE(form.windowTitle(), QStringLiteral("Time Manager Customization - Company 123"));
     QVERIFY(form.Choices().empno->isVisibleTo(&form));
 
     TypeInto(form.Length(0), QStringLiteral("5"));
@@ -129,7 +163,7 @@ class FormsTest : public QObject {
     ChooseTimeClock(*w, QStringLiteral("Kronos v6 csv"));
     Click(w->Widget(cmdTM));
     QVERIFY(form.isVisible());
-    QCOMPARE(form.windowTitle(), QStringLiteral("Kronos/ADP Customization"));
+    QCOMPARE(form.windowTitle(), QStringLiteral("Kronos/ADP Customization - Company 123"));
     QVERIFY(!form.Choices().empno->isVisibleTo(&form));
     QVERIFY(!form.Choices().pay_rate->isVisibleTo(&form));
     QVERIFY(!form.Choices().dept->isVisibleTo(&form));
@@ -149,7 +183,12 @@ class FormsTest : public QObject {
     Click(w->Widget(cmdKv8));
     Kv8Window& form = w->Kv8();
     QVERIFY(form.isVisible());
-    QCOMPARE(form.windowTitle(), QStringLiteral("Custom Settings for Kronos v8"));
+    QCOMPARE(form.windowTitle(), QStringLiteral("Custom Settings for Kronos v8 - Company 123"));
+    // the title follows the company and store the save will write to
+    TypeInto(w->Widget(LocNum), QStringLiteral("7"));
+    QCOMPARE(form.windowTitle(),
+             QStringLiteral("Custom Settings for Kronos v8 - Company 123, Store 7"));
+    TypeInto(w->Widget(LocNum), QString());
     QVERIFY(form.Choices().emp->isChecked() && form.Choices().pr_yes->isChecked() &&
             form.Choices().dept_yes->isChecked());
     for (int n = 1; n <= 6; ++n) QCOMPARE(form.List(n)->currentRow(), -1);

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 
 #include "gui/side_forms.hpp"
@@ -115,6 +116,211 @@ class WindowTest : public QObject {
     QCOMPARE(Entries(w->Widget(PickTC)),
              (QStringList{QStringLiteral("Kronos v8"), QStringLiteral("Kronos v8D")}));
     QCOMPARE(op.seen.size(), std::size_t{1});  // only the first start's note
+  }
+
+  // Enter on a focused button presses it: Generate refuses at once on a fresh screen.
+  void enterPressesTheFocusedButton() {
+    Session s;
+    Operator op;
+    auto w = s.Open(op);
+    op.seen.clear();
+    w->Widget(cmdInterface)->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(w->Widget(cmdInterface), Qt::Key_Return);
+    QCOMPARE(op.seen.size(), std::size_t{1});
+    QCOMPARE(op.seen[0].kind, QStringLiteral("message"));
+  }
+
+  // Enter in the filter takes a name typed whole over a longer one listed before it.
+  void filterEnterPrefersTheExactName() {
+    Session s;
+    Operator op;
+    auto w = s.Open(op);
+    TypeInto(w->PickTCFilter(), QStringLiteral("time manager v2.8"));
+    QCOMPARE(Entries(w->Widget(PickTC)).size(), 2);
+    QTest::keyClick(w->PickTCFilter(), Qt::Key_Return);
+    QCOMPARE(w->Form().ChosenTC, std::string("Time Manager v2.8"));
+    TypeInto(w->PickTCFilter(), QStringLiteral("time manager v2"));
+    QTest::keyClick(w->PickTCFilter(), Qt::Key_Return);
+    QCOMPARE(w->Form().ChosenTC, std::string("Time Manager v2.8 csv"));  // no exact name: the first
+  }
+
+  // A refused press leaves the keyboard in the box the message is about.
+  void refusalFocusesItsBox() {
+    Session s;
+    Touch(s.Home() + "/week.csv");
+    Operator op;
+    auto w = s.Open(op);
+    ChooseTimeClock(*w, QStringLiteral("Access"));
+    auto* files = static_cast<QListWidget*>(w->Widget(filInput));
+    QTest::mouseClick(files->viewport(), Qt::LeftButton, {},
+                      files->visualItemRect(files->item(0)).center());
+    TypeInto(w->Widget(CorvaneOutputPath), s.Home());
+    TypeInto(w->Widget(CoNum), QString());
+    op.seen.clear();
+    Click(w->Widget(cmdInterface));
+    QCOMPARE(op.seen.size(), std::size_t{1});
+    QCOMPARE(op.seen[0].text, QStringLiteral("Please provide a valid Company Number"));
+    QApplication::setActiveWindow(w.get());
+    QTRY_VERIFY(w->Widget(CoNum)->hasFocus());
+
+    TypeInto(w->Widget(CoNum), QStringLiteral("123"));
+    TypeInto(w->Widget(pdEndDate), QStringLiteral("99/99/9999"));
+    Click(w->Widget(cmdInterface));
+    QCOMPARE(op.seen.size(), std::size_t{2});
+    QCOMPARE(op.seen[1].text, QStringLiteral("Period Ending Date is not formatted properly."));
+    QApplication::setActiveWindow(w.get());
+    QTRY_VERIFY(w->Widget(pdEndDate)->hasFocus());
+  }
+
+  // "Show Sample" gives the keyboard to "Hide Sample" in its place, not to Company Number.
+  void showSampleKeepsTheKeyboardOnTheButtons() {
+    Session s;
+    Operator op;
+    auto w = s.Open(op);
+    w->Widget(cmdShowSample)->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(w->Widget(cmdShowSample), Qt::Key_Space);
+    QVERIFY(Shown(*w, ShowSample));
+    QVERIFY(w->Widget(cmdHideSample)->hasFocus());
+    QTest::keyClick(w->Widget(cmdHideSample), Qt::Key_Space);
+    QVERIFY(!Shown(*w, ShowSample));
+    QVERIFY(w->Widget(cmdShowSample)->hasFocus());
+    QCOMPARE(Text(*w, CoNum), QStringLiteral("123"));
+  }
+
+  // Browse chooses the input as a click in the file list does: a press refused for want of
+  // an input file runs again after it. The dialog opens in the lists' folder.
+  void browseForInputRecoversTheRefusedPress() {
+    Session s;
+    QVERIFY(QFile::copy(QStringLiteral(CORVANE_EXAMPLES "/access.csv"), s.Home() + "/access.csv"));
+    Operator op;
+    auto w = s.Open(op);
+    ChooseTimeClock(*w, QStringLiteral("Access"));
+    TypeInto(w->Widget(CorvaneOutputPath), s.Home());
+    TypeInto(w->Widget(CoNum), QStringLiteral("123"));
+    op.seen.clear();
+    Click(w->Widget(cmdInterface));
+    QCOMPARE(op.seen.size(), std::size_t{1});
+    QCOMPARE(op.seen[0].text, QStringLiteral("You must enter an input filename"));
+    Click(w->Widget(cmdInterface));  // kept: nothing until a file is chosen
+    QCOMPARE(op.seen.size(), std::size_t{1});
+
+    op.Answer(s.Home() + "/access.csv");
+    Click(w->findChild<QPushButton*>(QStringLiteral("browseInput")));
+    QCOMPARE(op.seen.size(), std::size_t{2});
+    QCOMPARE(op.seen[1].kind, QStringLiteral("file"));
+    QCOMPARE(op.seen[1].text, QDir(s.Home()).absolutePath());
+    QCOMPARE(op.seen[1].buttons.size(), 2);
+    QVERIFY(op.seen[1].buttons[0].contains(QStringLiteral("*.csv")));
+    QVERIFY(op.seen[1].buttons[1].startsWith(QStringLiteral("All files")));
+    QCOMPARE(Text(*w, CorvaneInputFile), s.Home() + "/access.csv");
+    Click(w->Widget(cmdInterface));
+    QCOMPARE(op.seen.size(), std::size_t{3});
+    QVERIFY(op.seen[2].text.startsWith(QStringLiteral("Import from Access Complete.")));
+
+    // the output's Browse opens in the output folder list's folder and takes a folder
+    QVERIFY(QDir(s.Home()).mkdir(QStringLiteral("out")));
+    const QString shown = w->Widget(dirOutput)->toolTip();
+    op.Answer(s.Home() + "/out");
+    Click(w->findChild<QPushButton*>(QStringLiteral("browseOutput")));
+    QCOMPARE(op.seen.size(), std::size_t{4});
+    QCOMPARE(op.seen[3].kind, QStringLiteral("file"));
+    QCOMPARE(op.seen[3].text, QDir(shown).absolutePath());
+    QCOMPARE(Text(*w, CorvaneOutputPath), s.Home() + "/out");
+  }
+
+  // A folder typed as the output path moves the folder list there; a folder opened from the
+  // list shows its top, in both lists.
+  void folderListsFollowTheFolderOpened() {
+    Session s;
+    QDir home(s.Home());
+    for (int i = 0; i < 60; ++i)
+      QVERIFY(home.mkpath(QStringLiteral("d%1/e").arg(i, 2, 10, QChar('0'))));
+    for (int i = 0; i < 60; ++i)
+      Touch(s.Home() + QStringLiteral("/f%1.csv").arg(i, 2, 10, QChar('0')));
+    Operator op;
+    auto w = s.Open(op);
+    ChooseTimeClock(*w, QStringLiteral("Access"));
+    auto* folders = static_cast<QListWidget*>(w->Widget(dirOutput));
+
+    TypeInto(w->Widget(CorvaneOutputPath), s.Home() + "/d07");
+    QTest::keyClick(w->Widget(CorvaneOutputPath), Qt::Key_Return);
+    QCOMPARE(folders->toolTip(), s.Home() + "/d07");
+    QVERIFY(!folders->findItems(QStringLiteral("e"), Qt::MatchExactly).isEmpty());
+    TypeInto(w->Widget(CorvaneOutputPath), s.Home() + "/nowhere");  // not a folder: stays
+    QTest::keyClick(w->Widget(CorvaneOutputPath), Qt::Key_Return);
+    QCOMPARE(folders->toolTip(), s.Home() + "/d07");
+
+    // back up, to the end of the long list, then into a folder near its foot
+    auto open = [](QListWidget* list, const QString& name) {
+      QListWidgetItem* item = list->findItems(name, Qt::MatchExactly).value(0);
+      QVERIFY(item != nullptr);
+      list->scrollToItem(item);
+      // a double click arrives as a click and then the second press
+      const QPoint at = list->visualItemRect(item).center();
+      QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at);
+      QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);
+    };
+    open(folders, QStringLiteral(".."));
+    open(folders, QStringLiteral("d59"));
+    QCOMPARE(folders->toolTip(), s.Home() + "/d59");
+    QCOMPARE(folders->verticalScrollBar()->value(), 0);
+
+    auto* files = static_cast<QListWidget*>(w->Widget(filInput));
+    auto* inputs = static_cast<QListWidget*>(w->Widget(dirInput));
+    files->scrollToBottom();
+    QVERIFY(files->verticalScrollBar()->value() > 0);
+    open(inputs, QStringLiteral("d00"));
+    open(inputs, QStringLiteral(".."));
+    QCOMPARE(files->verticalScrollBar()->value(), 0);
+  }
+
+  // The status line says what the next press will do where the screen keeps a press from
+  // running, and a location hidden by the format that still names the files.
+  void statusLineExplainsWhatAPressKeeps() {
+    Session s;
+    Touch(s.Home() + "/week.csv");
+    Operator op;
+    auto w = s.Open(op);
+    QLabel* hint = w->HintLine();
+    auto* output = static_cast<QLineEdit*>(w->Widget(CorvaneOutputPath));
+    QCOMPARE(output->text(), QStringLiteral("Output path (folder for Evolution Import file)"));
+    QVERIFY(hint->text().contains(QStringLiteral("makes a folder of that name")));
+    QVERIFY(!output->styleSheet().isEmpty());
+    TypeInto(output, s.Home());
+    QVERIFY(!hint->text().contains(QStringLiteral("makes a folder")));
+    QVERIFY(output->styleSheet().isEmpty());
+
+    ChooseTimeClock(*w, QStringLiteral("Access"));
+    op.seen.clear();
+    Click(w->Widget(cmdInterface));
+    QCOMPARE(op.seen.size(), std::size_t{1});  // "You must enter an input filename"
+    QVERIFY(hint->text().contains(QStringLiteral("until an input file is clicked")));
+    auto* files = static_cast<QListWidget*>(w->Widget(filInput));
+    QTest::mouseClick(files->viewport(), Qt::LeftButton, {},
+                      files->visualItemRect(files->item(0)).center());
+    QVERIFY(!hint->text().contains(QStringLiteral("until an input file")));
+
+    ChooseTimeClock(*w, QStringLiteral("AccroPrint v2.0"));
+    TypeInto(w->Widget(LocNum), QStringLiteral(" 7 "));
+    QVERIFY(!hint->text().contains(QStringLiteral("Location")));  // shown: nothing to say
+    ChooseTimeClock(*w, QStringLiteral("Access"));
+    QVERIFY(!Shown(*w, LocNum));
+    QVERIFY(hint->text().contains(QStringLiteral("Location 7 still names the files.")));
+  }
+
+  // A time clock without its translator is greyed in the list with a note; one with it is not.
+  void untranslatedClocksAreMarked() {
+    Session s;
+    Operator op;
+    auto w = s.Open(op);
+    auto* pick = static_cast<QListWidget*>(w->Widget(PickTC));
+    QListWidgetItem* missing =
+        pick->findItems(QStringLiteral("Yellow Dog"), Qt::MatchExactly).value(0);
+    QListWidgetItem* written = pick->findItems(QStringLiteral("Access"), Qt::MatchExactly).value(0);
+    QVERIFY(missing != nullptr && written != nullptr);
+    QVERIFY(missing->toolTip().startsWith(QStringLiteral("Not translated yet")));
+    QVERIFY(missing->foreground() != written->foreground());
+    QVERIFY(written->toolTip().isEmpty());
   }
 
   // The rule runs as the operator leaves a D-or-E box, and three boxes are exempt from it.
@@ -333,6 +539,9 @@ class WindowTest : public QObject {
     QCOMPARE(about.windowTitle(), QStringLiteral("About Corvane"));
     QCOMPARE(about.Title()->text(), QStringLiteral("Corvane"));
     QCOMPARE(about.Version()->text(), QStringLiteral("Version 0.1.0"));
+    // wide enough for its title beside the frame's buttons
+    about.show();
+    QVERIFY(about.width() > about.fontMetrics().horizontalAdvance(about.windowTitle()) + 100);
   }
 };
 
