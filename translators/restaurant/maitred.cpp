@@ -9,6 +9,7 @@
 #include "pipeline/translator.hpp"
 #include "runtime/picture.hpp"
 #include "runtime/text.hpp"
+#include "translators/restaurant/side_file.hpp"
 
 namespace corvane {
 
@@ -40,12 +41,8 @@ void MaitreD_LoadRates(frmTimeImport& F) {
   const std::string answer = F.ui.InputBox("What is the name of your employee rate file?",
                                            kAppTitle, "maitre d rate file.csv");
   F.Response = answer;
+  if (!OpenBesideExport(F, 9, answer)) return;
   InputFile& side = F.File(9);
-  try {
-    side.Open(F.ExtractInputPath().str() + answer, OpenMode::Byte);
-  } catch (const RuntimeError&) {
-    return;
-  }
   for (int row = 1; row <= kMaitreRateRows && !side.Eof(); ++row) {
     MaitreRate& rate = rates[row];
     for (Value* field : {&rate.EmpNo, &rate.Flag, &rate.Rate, &rate.Department, &rate.Team}) {

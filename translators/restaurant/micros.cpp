@@ -8,6 +8,7 @@
 #include "pipeline/time_import.hpp"
 #include "pipeline/translator.hpp"
 #include "runtime/text.hpp"
+#include "translators/restaurant/side_file.hpp"
 
 namespace corvane {
 
@@ -48,12 +49,8 @@ void Micros3700v41_LoadXref(frmTimeImport& F) {
       F.ui.InputBox("What is the name of your cross reference file?", kAppTitle,
                     MicrosBr(F) ? "Micros v4.1Br XRef.txt" : "Micros XRef.txt");
   F.Response = answer;
+  if (!OpenBesideExport(F, 9, answer)) return;
   InputFile& side = F.File(9);
-  try {
-    side.Open(F.ExtractInputPath().str() + answer, OpenMode::Byte);
-  } catch (const RuntimeError&) {
-    return;
-  }
   for (int row = 1; row <= kMicrosXrefRows && !side.Eof(); ++row) {
     ResumeNext([&] { side.Input(xref[row].Code); });
     ResumeNext([&] { side.Input(xref[row].Value_); });

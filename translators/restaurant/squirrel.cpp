@@ -11,6 +11,7 @@
 #include "pipeline/translator.hpp"
 #include "runtime/picture.hpp"
 #include "runtime/text.hpp"
+#include "translators/restaurant/side_file.hpp"
 
 namespace corvane {
 
@@ -38,12 +39,8 @@ struct Squirrel145Fields {
 void Squirrel145_LoadXref(frmTimeImport& F) {
   auto& xref = F.Fields<Squirrel145Fields>().SquirrelXref;
   xref.fill(SquirrelXrefRow{});
+  if (!OpenBesideExport(F, 9, "Squirrel Cross Ref.txt")) return;
   InputFile& side = F.File(9);
-  try {
-    side.Open(F.ExtractInputPath().str() + "Squirrel Cross Ref.txt", OpenMode::Byte);
-  } catch (const RuntimeError&) {
-    return;
-  }
   // Read to the end; rows past the table's end are read and not kept.
   Value job, code;
   for (int row = 1; !side.Eof(); ++row) {
