@@ -53,6 +53,26 @@ std::string AlohaXRef_Path(const frmTimeImport& F, const std::string& name) {
   return F.ExtractInputPath().str() + name;
 }
 
+// Reads a cross-reference of delimited rows from the export's folder to its end, each row as
+// read_row reads it, keeping the first `kept`. A file that is missing or cut short leaves the
+// rows read before, and no message.
+template <class Row, class ReadRow>
+void AlohaXRef_ReadRows(frmTimeImport& F, const std::string& name, std::size_t kept,
+                        std::vector<Row>& rows, ReadRow read_row) {
+  rows.clear();
+  InputFile& in = F.File(kXRefFile);
+  try {
+    in.Open(AlohaXRef_Path(F, name), OpenMode::Byte);
+    while (!in.Eof()) {
+      Row row;
+      read_row(in, row);
+      if (rows.size() < kept) rows.push_back(std::move(row));
+    }
+  } catch (const RuntimeError&) {
+  }
+  in.Close();
+}
+
 // A cross-reference of "job = value" rows, kept whole and taken apart when looked up.
 struct AlohaEqualsXRef {
   std::vector<std::string> rows;
@@ -446,20 +466,11 @@ void Alohav5346_Prepare(frmTimeImport& F) {
   } while (Trim(name).empty());
   F.Response = name;
 
-  auto& xref = F.Fields<Alohav5346Fields>().xref;
-  xref.clear();
-  InputFile& in = F.File(kXRefFile);
-  try {
-    in.Open(AlohaXRef_Path(F, name), OpenMode::Byte);
-    while (!in.Eof()) {
-      std::string job, value;
-      in.Input(job);
-      in.Input(value);
-      if (xref.size() < 20) xref.emplace_back(job, value);
-    }
-  } catch (const RuntimeError&) {
-  }
-  in.Close();
+  AlohaXRef_ReadRows(F, name, 20, F.Fields<Alohav5346Fields>().xref,
+                     [](InputFile& in, std::pair<std::string, std::string>& row) {
+                       in.Input(row.first);
+                       in.Input(row.second);
+                     });
 }
 
 void Alohav5346_ReadRow(frmTimeImport& F) {
@@ -676,21 +687,12 @@ void Aloha_ReadXRef(frmTimeImport& F) {
   const std::string name = F.ui.InputBox("What is the name of your cross reference file?",
                                          kAppTitle, "018 Aloha xref.txt");
   F.Response = name;
-  auto& xref = F.Fields<AlohaFields>().xref;
-  xref.clear();
-  InputFile& in = F.File(kXRefFile);
-  try {
-    in.Open(AlohaXRef_Path(F, name), OpenMode::Byte);
-    while (!in.Eof()) {
-      AlohaFields::Row row;
-      in.Input(row.code);
-      in.Input(row.DorE);
-      in.Input(row.Earning_Code);
-      if (xref.size() < 50) xref.push_back(std::move(row));
-    }
-  } catch (const RuntimeError&) {
-  }
-  in.Close();
+  AlohaXRef_ReadRows(F, name, 50, F.Fields<AlohaFields>().xref,
+                     [](InputFile& in, AlohaFields::Row& row) {
+                       in.Input(row.code);
+                       in.Input(row.DorE);
+                       in.Input(row.Earning_Code);
+                     });
 }
 
 // Regular or overtime hours: a rate below the minimum wage marks tipped staff. The rate is
