@@ -419,6 +419,19 @@ const std::vector<Example>& BundledExamples() {
        "ae-v1-0-28-616",
        {},
        {Message("Pay Designation 7 needs an Earning Code assigned to it.")}},
+
+      // comma restaurant formats
+
+      // comma timeclock formats
+
+      // comma other formats
+
+      // line timeclock formats
+
+      // line restaurant formats
+
+      // fixed records formats
+
   };
   return kExamples;
 }
