@@ -98,7 +98,18 @@ extern const Translator kGreatPlainsTranslator;
 
 // comma other formats
 
-// line timeclock formats
+// ADI, BGS, Gradience, Homewatch and Lathem line and fixed exports
+extern const Translator kADITranslator;
+extern const Translator kADI941Translator;
+extern const Translator kBGSTranslator;
+extern const Translator kGradienceTranslator;
+extern const Translator kHomewatchTranslator;
+extern const Translator kHomewatch2Translator;
+extern const Translator kHomewatch3Translator;
+extern const Translator kLathemTranslator;
+extern const Translator kLathem6Translator;
+extern const Translator kLathemPayClockProTranslator;
+extern const Translator kLathernTranslator;
 
 // line restaurant formats
 
@@ -154,7 +165,10 @@ const Translator* FindTranslator(std::string_view name) {
 
       // comma other formats
 
-      // line timeclock formats
+      // ADI, BGS, Gradience, Homewatch and Lathem line and fixed exports
+      &kADITranslator, &kADI941Translator, &kBGSTranslator, &kGradienceTranslator,
+      &kHomewatchTranslator, &kHomewatch2Translator, &kHomewatch3Translator, &kLathemTranslator,
+      &kLathem6Translator, &kLathemPayClockProTranslator, &kLathernTranslator,
 
       // line restaurant formats
 
