@@ -7,41 +7,43 @@ namespace corvane {
 
 namespace {
 
-// Fields 3 to 12 hold the hours of pay designations 1 to 10, each paid by the earning code
-// the company's table gives its number.
+// Fields 3 to 12 hold the hours of pay designations 1 to 10.
 constexpr PayColumn kADIDesignations[] = {
-    {.column = Field(3), .position = 1},   {.column = Field(4), .position = 2},
-    {.column = Field(5), .position = 3},   {.column = Field(6), .position = 4},
-    {.column = Field(7), .position = 5},   {.column = Field(8), .position = 6},
-    {.column = Field(9), .position = 7},   {.column = Field(10), .position = 8},
-    {.column = Field(11), .position = 9},  {.column = Field(12), .position = 10},
+    Designation(Field(3), 1),   Designation(Field(4), 2),  Designation(Field(5), 3),
+    Designation(Field(6), 4),   Designation(Field(7), 5),  Designation(Field(8), 6),
+    Designation(Field(9), 7),   Designation(Field(10), 8), Designation(Field(11), 9),
+    Designation(Field(12), 10),
 };
 
-constexpr ColumnMap kADIMap{
-    .translator = "ADI",
-    .fields = 12,
-    .text_fields = 1U << 1,  // the employee number keeps its leading zeros
-    .is_record = BeginsWithDigit,
-    // the export has no closing line: its last line is an employee's
-    .translate_last_line = true,
-    .employee = Field(1),
-    .name = Field(2),
-    .pay = kADIDesignations,
-};
+constexpr ColumnMap kADIMap = [] {
+  ColumnMap m;
+  m.translator = "ADI";
+  m.fields = 12;
+  m.text_fields = 1U << 1;  // the employee number keeps its leading zeros
+  m.is_record = BeginsWithDigit;
+  // the export has no closing line: its last line is an employee's
+  m.translate_last_line = true;
+  m.employee = Field(1);
+  m.name = Field(2);
+  m.pay = kADIDesignations;
+  return m;
+}();
 
 // 129 bytes, line end included; the figures carry their decimal point.
-constexpr ColumnMap kADI941Map{
-    .translator = "ADI941",
-    .employee = Slice(1, 9),
-    .name = Slice(10, 25),
-    .code_rule = CodeRule::FromRecord,
-    .code = Slice(48, 4),
-    .dore = Slice(47, 1),
-    .code_hours = Slice(52, 7),
-    .code_dollars = Slice(59, 9),
-    .hours_picture = "#0.00",
-    .dollars_picture = "#0.00",
-};
+constexpr ColumnMap kADI941Map = [] {
+  ColumnMap m;
+  m.translator = "ADI941";
+  m.employee = Slice(1, 9);
+  m.name = Slice(10, 25);
+  m.code_rule = CodeRule::FromRecord;
+  m.dore = Slice(47, 1);
+  m.code = Slice(48, 4);
+  m.code_hours = Slice(52, 7);
+  m.code_dollars = Slice(59, 9);
+  m.hours_picture = "#0.00";
+  m.dollars_picture = "#0.00";
+  return m;
+}();
 
 }  // namespace
 

@@ -9,22 +9,23 @@ namespace {
 
 // Regular, Overtime, Double Time, Vacation, Sick and Holiday, as the export orders them.
 constexpr PayColumn kBGSDesignations[] = {
-    {.column = Field(4), .position = 1}, {.column = Field(5), .position = 2},
-    {.column = Field(6), .position = 3}, {.column = Field(7), .position = 4},
-    {.column = Field(8), .position = 5}, {.column = Field(9), .position = 6},
+    Designation(Field(4), 1), Designation(Field(5), 2), Designation(Field(6), 3),
+    Designation(Field(7), 4), Designation(Field(8), 5), Designation(Field(9), 6),
 };
 
-constexpr ColumnMap kBGSMap{
-    .translator = "BGS",
-    .fields = 9,
-    .text_fields = 1U << 1,
-    .is_record = BeginsWithDigit,
-    .translate_last_line = true,
-    .employee = Field(1),
-    .name = Field(2),
-    .first_name = Field(3),
-    .pay = kBGSDesignations,
-};
+constexpr ColumnMap kBGSMap = [] {
+  ColumnMap m;
+  m.translator = "BGS";
+  m.fields = 9;
+  m.text_fields = 1U << 1;
+  m.is_record = BeginsWithDigit;
+  m.translate_last_line = true;
+  m.employee = Field(1);
+  m.name = Field(2);
+  m.first_name = Field(3);
+  m.pay = kBGSDesignations;
+  return m;
+}();
 
 }  // namespace
 

@@ -7,22 +7,24 @@ namespace corvane {
 
 namespace {
 
-constexpr ColumnMap kGradienceMap{
-    .translator = "Gradience",
-    .fields = 6,
-    .text_fields = (1U << 1) | (1U << 3) | (1U << 4),  // number, E or D and code as written
-    .is_record = BeginsWithDigit,
-    .translate_last_line = true,
-    .employee = Field(1),
-    .name = Field(2),
-    .code_rule = CodeRule::FromRecord,
-    .code = Field(4),
-    .dore = Field(3),
-    .code_hours = Field(5),
-    .code_dollars = Field(6),
-    .hours_picture = "#0.00",
-    .dollars_picture = "#0.00",
-};
+constexpr ColumnMap kGradienceMap = [] {
+  ColumnMap m;
+  m.translator = "Gradience";
+  m.fields = 6;
+  m.text_fields = (1U << 1) | (1U << 3) | (1U << 4);  // number, E or D and code as written
+  m.is_record = BeginsWithDigit;
+  m.translate_last_line = true;
+  m.employee = Field(1);
+  m.name = Field(2);
+  m.code_rule = CodeRule::FromRecord;
+  m.dore = Field(3);
+  m.code = Field(4);
+  m.code_hours = Field(5);
+  m.code_dollars = Field(6);
+  m.hours_picture = "#0.00";
+  m.dollars_picture = "#0.00";
+  return m;
+}();
 
 }  // namespace
 

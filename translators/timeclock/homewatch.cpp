@@ -10,26 +10,28 @@ namespace corvane {
 namespace {
 
 constexpr PayColumn kHomewatchPay[] = {
-    {.column = Field(4), .kind = Figure::Hours, .category = Cat::Reg},
-    {.column = Field(5), .kind = Figure::Hours, .category = Cat::OT},
-    {.column = Field(6), .kind = Figure::Hours, .category = Cat::Hol},
-    {.column = Field(7), .kind = Figure::Dollars, .category = Cat::e15},  // mileage
-    {.column = Field(8), .kind = Figure::Dollars, .category = Cat::e16},  // expenses
-    {.column = Field(9), .kind = Figure::Hours, .category = Cat::e17},    // travel time
+    PaidAs(Field(4), Cat::Reg),
+    PaidAs(Field(5), Cat::OT),
+    PaidAs(Field(6), Cat::Hol),
+    PaidAs(Field(7), Cat::e15, Figure::Dollars),  // mileage reimbursed
+    PaidAs(Field(8), Cat::e16, Figure::Dollars),  // expenses reimbursed
+    PaidAs(Field(9), Cat::e17),                   // travel time
 };
 
-constexpr ColumnMap kHomewatchMap{
-    .translator = "Homewatch",
-    .fields = 9,
-    .text_fields = (1U << 1) | (1U << 3),
-    .is_record = BeginsWithDigit,
-    .employee = Field(1),
-    .name = Field(2),
-    .department = Field(3),
-    .pay = kHomewatchPay,
-    .hours_picture = "#0.00",
-    .dollars_picture = "#0.00",
-};
+constexpr ColumnMap kHomewatchMap = [] {
+  ColumnMap m;
+  m.translator = "Homewatch";
+  m.fields = 9;
+  m.text_fields = (1U << 1) | (1U << 3);
+  m.is_record = BeginsWithDigit;
+  m.employee = Field(1);
+  m.name = Field(2);
+  m.department = Field(3);
+  m.pay = kHomewatchPay;
+  m.hours_picture = "#0.00";
+  m.dollars_picture = "#0.00";
+  return m;
+}();
 
 constexpr PayCode kHomewatch2Codes[] = {
     {"REG", Cat::Reg, Figure::Hours},
@@ -48,32 +50,36 @@ bool Homewatch2_TravelRate(frmTimeImport& F) {
   return true;
 }
 
-constexpr ColumnMap kHomewatch2Map{
-    .translator = "Homewatch2",
-    .employee = Slice(1, 9),
-    .name = Slice(10, 30),
-    .code_rule = CodeRule::Lookup,
-    .code = kHomewatch2Code,
-    .code_hours = Slice(52, 8, 2),
-    .code_dollars = Slice(60, 8, 2),
-    .codes = kHomewatch2Codes,
-    .hours_picture = "#0.00",
-    .dollars_picture = "#0.00",
-    .extra = Homewatch2_TravelRate,
-};
+constexpr ColumnMap kHomewatch2Map = [] {
+  ColumnMap m;
+  m.translator = "Homewatch2";
+  m.employee = Slice(1, 9);
+  m.name = Slice(10, 30);
+  m.code_rule = CodeRule::Lookup;
+  m.code = kHomewatch2Code;
+  m.code_hours = Slice(52, 8, 2);
+  m.code_dollars = Slice(60, 8, 2);
+  m.codes = kHomewatch2Codes;
+  m.hours_picture = "#0.00";
+  m.dollars_picture = "#0.00";
+  m.extra = Homewatch2_TravelRate;
+  return m;
+}();
 
-constexpr ColumnMap kHomewatch3Map{
-    .translator = "Homewatch3",
-    .employee = Slice(1, 9),
-    .name = Slice(10, 30),
-    .code_rule = CodeRule::FromRecord,
-    .code = Slice(41, 6),
-    .dore = Slice(40, 1),
-    .code_hours = Slice(47, 8, 2),
-    .code_dollars = Slice(55, 10, 2),
-    .hours_picture = "#0.00",
-    .dollars_picture = "#0.00",
-};
+constexpr ColumnMap kHomewatch3Map = [] {
+  ColumnMap m;
+  m.translator = "Homewatch3";
+  m.employee = Slice(1, 9);
+  m.name = Slice(10, 30);
+  m.code_rule = CodeRule::FromRecord;
+  m.dore = Slice(40, 1);
+  m.code = Slice(41, 6);
+  m.code_hours = Slice(47, 8, 2);
+  m.code_dollars = Slice(55, 10, 2);
+  m.hours_picture = "#0.00";
+  m.dollars_picture = "#0.00";
+  return m;
+}();
 
 }  // namespace
 

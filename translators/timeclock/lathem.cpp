@@ -9,79 +9,82 @@ namespace corvane {
 namespace {
 
 constexpr PayColumn kLathemPay[] = {
-    {.column = Field(3), .category = Cat::Reg},
-    {.column = Field(4), .category = Cat::OT},
-    {.column = Field(5), .category = Cat::Dbl},   // sick
-    {.column = Field(6), .category = Cat::Hol},
-    {.column = Field(7), .category = Cat::Tips},  // vacation
+    PaidAs(Field(3), Cat::Reg), PaidAs(Field(4), Cat::OT),   PaidAs(Field(5), Cat::Dbl),  // sick
+    PaidAs(Field(6), Cat::Hol), PaidAs(Field(7), Cat::Tips),  // vacation
 };
 
-constexpr ColumnMap kLathemMap{
-    .translator = "Lathem",
-    .fields = 7,
-    .text_fields = 1U << 1,
-    .is_record = BeginsWithDigit,
-    .employee = Field(1),
-    .name = Field(2),
-    .pay = kLathemPay,
-    .hours_picture = "#0.00",
-};
+constexpr ColumnMap kLathemMap = [] {
+  ColumnMap m;
+  m.translator = "Lathem";
+  m.fields = 7;
+  m.text_fields = 1U << 1;
+  m.is_record = BeginsWithDigit;
+  m.employee = Field(1);
+  m.name = Field(2);
+  m.pay = kLathemPay;
+  m.hours_picture = "#0.00";
+  return m;
+}();
 
 constexpr PayColumn kLathem6Pay[] = {
-    {.column = Field(4), .category = Cat::Reg},
-    {.column = Field(5), .category = Cat::OT},
-    {.column = Field(6), .category = Cat::Dbl},    // sick
-    {.column = Field(7), .category = Cat::Hol},
-    {.column = Field(8), .category = Cat::Tips},   // vacation
-    {.column = Field(9), .category = Cat::Sales},  // bereavement
+    PaidAs(Field(4), Cat::Reg),   PaidAs(Field(5), Cat::OT),   PaidAs(Field(6), Cat::Dbl),  // sick
+    PaidAs(Field(7), Cat::Hol),   PaidAs(Field(8), Cat::Tips),  // vacation
+    PaidAs(Field(9), Cat::Sales),                               // bereavement
 };
 
-constexpr ColumnMap kLathem6Map{
-    .translator = "Lathem6",
-    .fields = 9,
-    .text_fields = 1U << 1,
-    .is_record = BeginsWithDigit,
-    .employee = Field(1),
-    .name = Field(2),
-    .first_name = Field(3),
-    .pay = kLathem6Pay,
-    .hours_picture = "#0.00",
-};
+constexpr ColumnMap kLathem6Map = [] {
+  ColumnMap m;
+  m.translator = "Lathem6";
+  m.fields = 9;
+  m.text_fields = 1U << 1;
+  m.is_record = BeginsWithDigit;
+  m.employee = Field(1);
+  m.name = Field(2);
+  m.first_name = Field(3);
+  m.pay = kLathem6Pay;
+  m.hours_picture = "#0.00";
+  return m;
+}();
 
 // The Pro software numbers its pay types 1 to 6.
 constexpr PayCode kLathemPayClockProCodes[] = {
-    {"1", Cat::Reg}, {"2", Cat::OT},    {"3", Cat::Dbl},
-    {"4", Cat::Tips}, {"5", Cat::Sales}, {"6", Cat::Hol},
+    {"1", Cat::Reg, Figure::Hours},   {"2", Cat::OT, Figure::Hours},
+    {"3", Cat::Dbl, Figure::Hours},   {"4", Cat::Tips, Figure::Hours},
+    {"5", Cat::Sales, Figure::Hours}, {"6", Cat::Hol, Figure::Hours},
 };
 
-constexpr ColumnMap kLathemPayClockProMap{
-    .translator = "LathemPayClockPro",
-    .is_record = BeginsWithDigit,
-    .employee = Slice(1, 10),
-    .name = Slice(12, 30),
-    .code_rule = CodeRule::Lookup,
-    .code = Slice(43, 4),
-    .code_hours = Slice(48, 9),
-    .codes = kLathemPayClockProCodes,
-    .hours_picture = "#0.00",
-};
+constexpr ColumnMap kLathemPayClockProMap = [] {
+  ColumnMap m;
+  m.translator = "LathemPayClockPro";
+  m.is_record = BeginsWithDigit;
+  m.employee = Slice(1, 10);
+  m.name = Slice(12, 30);
+  m.code_rule = CodeRule::Lookup;
+  m.code = Slice(43, 4);
+  m.code_hours = Slice(48, 9);
+  m.codes = kLathemPayClockProCodes;
+  m.hours_picture = "#0.00";
+  return m;
+}();
 
-constexpr ColumnMap kLathernMap{
-    .translator = "Lathern",
-    .fields = 5,
-    .text_fields = (1U << 1) | (1U << 3),
-    .separator = '\t',
-    .is_record = BeginsWithDigit,
-    .translate_last_line = true,
-    .employee = Field(1),
-    .name = Field(2),
-    .code_rule = CodeRule::FromRecord,
-    .code = Field(3),
-    .code_hours = Field(4),
-    .code_dollars = Field(5),
-    .hours_picture = "#0.00",
-    .dollars_picture = "#0.00",
-};
+constexpr ColumnMap kLathernMap = [] {
+  ColumnMap m;
+  m.translator = "Lathern";
+  m.fields = 5;
+  m.text_fields = (1U << 1) | (1U << 3);
+  m.separator = '\t';
+  m.is_record = BeginsWithDigit;
+  m.translate_last_line = true;
+  m.employee = Field(1);
+  m.name = Field(2);
+  m.code_rule = CodeRule::FromRecord;
+  m.code = Field(3);
+  m.code_hours = Field(4);
+  m.code_dollars = Field(5);
+  m.hours_picture = "#0.00";
+  m.dollars_picture = "#0.00";
+  return m;
+}();
 
 }  // namespace
 
