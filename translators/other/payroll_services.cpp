@@ -26,44 +26,40 @@ bool PayChoiceItem(std::string_view line) {
   return false;
 }
 
-constexpr ColumnMap kPayChoiceMap = [] {
-  ColumnMap m;
-  m.translator = "PayChoice";
-  m.fields = 9;
-  m.text_fields = 0x3FE;  // fields 1 to 9
-  m.heading_lines = 1;
-  m.is_record = PayChoiceItem;
-  // a line export with no totals line: its last line is a pay item like the others
-  m.translate_last_line = true;
-  m.employee = Field(1);
-  m.name = Field(2);
-  m.department = Field(3);
-  m.payrate = Field(8);
-  // the product's "Job" column holds the number the payroll matches the employee by
-  m.ssn = Field(9);
-  m.code_rule = CodeRule::FromRecord;
-  m.code = Field(5);
-  m.dore = Field(4);
-  m.code_hours = Field(6);
-  m.code_dollars = Field(7);
-  return m;
-}();
+constexpr ColumnMap kPayChoiceMap{
+    .translator = "PayChoice",
+    .fields = 9,
+    .text_fields = 0x3FE,  // fields 1 to 9
+    .heading_lines = 1,
+    .is_record = PayChoiceItem,
+    // a line export with no totals line: its last line is a pay item like the others
+    .translate_last_line = true,
+    .employee = Field(1),
+    .name = Field(2),
+    .department = Field(3),
+    .payrate = Field(8),
+    // the product's "Job" column holds the number the payroll matches the employee by
+    .ssn = Field(9),
+    .code_rule = CodeRule::FromRecord,
+    .code = Field(5),
+    .dore = Field(4),
+    .code_hours = Field(6),
+    .code_dollars = Field(7),
+};
 
 // "PaySuite": 81 characters and CR LF; figures written with their point.
-constexpr ColumnMap kPaySuiteMap = [] {
-  ColumnMap m;
-  m.translator = "PaySuite";
-  m.employee = Slice(1, 9);
-  m.name = Slice(10, 25);
-  m.code_rule = CodeRule::FromRecord;
-  m.code = Slice(36, 4);
-  m.dore = Slice(35, 1);
-  m.code_hours = Slice(40, 8);
-  m.code_dollars = Slice(48, 10);
-  m.hours_picture = kTwoPlaces;
-  m.dollars_picture = kTwoPlaces;
-  return m;
-}();
+constexpr ColumnMap kPaySuiteMap{
+    .translator = "PaySuite",
+    .employee = Slice(1, 9),
+    .name = Slice(10, 25),
+    .code_rule = CodeRule::FromRecord,
+    .code = Slice(36, 4),
+    .dore = Slice(35, 1),
+    .code_hours = Slice(40, 8),
+    .code_dollars = Slice(48, 10),
+    .hours_picture = kTwoPlaces,
+    .dollars_picture = kTwoPlaces,
+};
 
 // "RapidPay": a heading record, detail records, a trailer record, each 127 characters and
 // CR LF; the first character tells them apart.
@@ -71,21 +67,19 @@ bool RapidPayDetail(std::string_view record) {
   return !record.empty() && record.front() == 'D';
 }
 
-constexpr ColumnMap kRapidPayMap = [] {
-  ColumnMap m;
-  m.translator = "RapidPay";
-  m.is_record = RapidPayDetail;
-  m.employee = Slice(2, 10);
-  m.name = Slice(12, 30);
-  m.code_rule = CodeRule::FromRecord;
-  m.code = Slice(49, 4);
-  m.dore = Slice(48, 1);
-  m.code_hours = Slice(53, 9, 2);
-  m.code_dollars = Slice(62, 11, 2);
-  m.hours_picture = kTwoPlaces;
-  m.dollars_picture = kTwoPlaces;
-  return m;
-}();
+constexpr ColumnMap kRapidPayMap{
+    .translator = "RapidPay",
+    .is_record = RapidPayDetail,
+    .employee = Slice(2, 10),
+    .name = Slice(12, 30),
+    .code_rule = CodeRule::FromRecord,
+    .code = Slice(49, 4),
+    .dore = Slice(48, 1),
+    .code_hours = Slice(53, 9, 2),
+    .code_dollars = Slice(62, 11, 2),
+    .hours_picture = kTwoPlaces,
+    .dollars_picture = kTwoPlaces,
+};
 
 // "Ceridian Web": the service's two-digit pay codes, each paid under the category the
 // catalogue labels with it.
@@ -99,18 +93,16 @@ constexpr std::array<PayCode, 28> kCeridianWebCodes{{
     {"25", Cat::e25},    {"26", Cat::e26},    {"45", Cat::e27},  {"46", Cat::e28},
 }};
 
-constexpr ColumnMap kCeridianWebMap = [] {
-  ColumnMap m;
-  m.translator = "CeridianWeb";
-  m.employee = Slice(5, 10);
-  m.name = Slice(15, 30);
-  m.code_rule = CodeRule::Lookup;
-  m.code = Slice(45, 2);
-  m.code_hours = Slice(47, 11);
-  m.codes = kCeridianWebCodes;
-  m.hours_picture = kTwoPlaces;
-  return m;
-}();
+constexpr ColumnMap kCeridianWebMap{
+    .translator = "CeridianWeb",
+    .employee = Slice(5, 10),
+    .name = Slice(15, 30),
+    .code_rule = CodeRule::Lookup,
+    .code = Slice(45, 2),
+    .code_hours = Slice(47, 11),
+    .codes = kCeridianWebCodes,
+    .hours_picture = kTwoPlaces,
+};
 
 // "Shelby": regular and overtime hours of one employee a record.
 constexpr std::array<PayColumn, 2> kShelbyPay{{
@@ -118,15 +110,13 @@ constexpr std::array<PayColumn, 2> kShelbyPay{{
     {Slice(53, 7, 2), Figure::Hours, Cat::OT},
 }};
 
-constexpr ColumnMap kShelbyMap = [] {
-  ColumnMap m;
-  m.translator = "Shelby";
-  m.employee = Slice(1, 9);
-  m.name = Slice(10, 30);
-  m.pay = kShelbyPay;
-  m.hours_picture = kTwoPlaces;
-  return m;
-}();
+constexpr ColumnMap kShelbyMap{
+    .translator = "Shelby",
+    .employee = Slice(1, 9),
+    .name = Slice(10, 30),
+    .pay = kShelbyPay,
+    .hours_picture = kTwoPlaces,
+};
 
 // "Ave OT": six pay slots a record, each naming its own earning code, so one record may
 // send several lines. The slot's average rate is the product's own working and is not sent.
@@ -136,14 +126,12 @@ constexpr int kAveOTSlotWidth = 30;
 
 bool AveOT_Slots(frmTimeImport& F);
 
-constexpr ColumnMap kAveOTMap = [] {
-  ColumnMap m;
-  m.translator = "AveOT";
-  m.employee = Slice(1, 9);
-  m.name = Slice(10, 30);
-  m.extra = AveOT_Slots;
-  return m;
-}();
+constexpr ColumnMap kAveOTMap{
+    .translator = "AveOT",
+    .employee = Slice(1, 9),
+    .name = Slice(10, 30),
+    .extra = AveOT_Slots,
+};
 
 bool AveOT_Slots(frmTimeImport& F) {
   ImportRecord& r = F.ImportRec;

@@ -32,20 +32,18 @@ constexpr std::array<PayCode, 2> kTruTimeRates{{
     {"Rate2", Cat::OT},
 }};
 
-constexpr ColumnMap kTruTimeMap = [] {
-  ColumnMap m;
-  m.translator = "TruTime";
-  m.is_record = TruTimeEmployeeLine;
-  // the summary may end on an employee's line when the totals are switched off
-  m.translate_last_line = true;
-  m.employee = Slice(1, 9);
-  m.name = Slice(11, 25);
-  m.code_rule = CodeRule::Lookup;
-  m.code = Slice(37, 5);
-  m.code_hours = Slice(43, 8);
-  m.codes = kTruTimeRates;
-  return m;
-}();
+constexpr ColumnMap kTruTimeMap{
+    .translator = "TruTime",
+    .is_record = TruTimeEmployeeLine,
+    // the summary may end on an employee's line when the totals are switched off
+    .translate_last_line = true,
+    .employee = Slice(1, 9),
+    .name = Slice(11, 25),
+    .code_rule = CodeRule::Lookup,
+    .code = Slice(37, 5),
+    .code_hours = Slice(43, 8),
+    .codes = kTruTimeRates,
+};
 
 // "Q-quest ETC 200": one employee a record with a column per pay category; figures are
 // written with their point and go out as written.
@@ -58,16 +56,14 @@ constexpr std::array<PayColumn, 6> kQquestPay{{
     {Slice(96, 10), Figure::Dollars, Cat::Disb},  // "Disburs": tips paid out
 }};
 
-constexpr ColumnMap kQquestMap = [] {
-  ColumnMap m;
-  m.translator = "Qquest";
-  m.employee = Slice(1, 9);
-  m.name = Slice(10, 30);
-  m.payrate = Slice(49, 7);
-  m.ssn = Slice(40, 9);
-  m.pay = kQquestPay;
-  return m;
-}();
+constexpr ColumnMap kQquestMap{
+    .translator = "Qquest",
+    .employee = Slice(1, 9),
+    .name = Slice(10, 30),
+    .payrate = Slice(49, 7),
+    .ssn = Slice(40, 9),
+    .pay = kQquestPay,
+};
 
 // "TimeTrak": one pay code a record, by the clock's three-letter codes.
 constexpr std::array<PayCode, 34> kTimeTrakCodes{{
@@ -107,20 +103,18 @@ constexpr std::array<PayCode, 34> kTimeTrakCodes{{
     {"MIS", Cat::e34, Figure::Dollars},
 }};
 
-constexpr ColumnMap kTimeTrakMap = [] {
-  ColumnMap m;
-  m.translator = "TT";
-  m.employee = Slice(1, 9);
-  m.name = Slice(10, 25);
-  m.code_rule = CodeRule::Lookup;
-  m.code = Slice(35, 3);
-  m.code_hours = Slice(38, 8, 2);
-  m.code_dollars = Slice(46, 10, 2);
-  m.codes = kTimeTrakCodes;
-  m.hours_picture = kTwoPlaces;
-  m.dollars_picture = kTwoPlaces;
-  return m;
-}();
+constexpr ColumnMap kTimeTrakMap{
+    .translator = "TT",
+    .employee = Slice(1, 9),
+    .name = Slice(10, 25),
+    .code_rule = CodeRule::Lookup,
+    .code = Slice(35, 3),
+    .code_hours = Slice(38, 8, 2),
+    .code_dollars = Slice(46, 10, 2),
+    .codes = kTimeTrakCodes,
+    .hours_picture = kTwoPlaces,
+    .dollars_picture = kTwoPlaces,
+};
 
 // "TLH": one pay code a record, by the words the clock prints; every code pays hours.
 constexpr std::array<PayCode, 8> kTLHCodes{{
@@ -134,34 +128,30 @@ constexpr std::array<PayCode, 8> kTLHCodes{{
     {"Funeral", Cat::Disb},
 }};
 
-constexpr ColumnMap kTLHMap = [] {
-  ColumnMap m;
-  m.translator = "TLH";
-  m.employee = Slice(7, 9);
-  m.name = Slice(16, 25);
-  m.code_rule = CodeRule::Lookup;
-  m.code = Slice(41, 8);
-  m.code_hours = Slice(49, 7, 2);
-  m.codes = kTLHCodes;
-  m.hours_picture = kTwoPlaces;
-  return m;
-}();
+constexpr ColumnMap kTLHMap{
+    .translator = "TLH",
+    .employee = Slice(7, 9),
+    .name = Slice(16, 25),
+    .code_rule = CodeRule::Lookup,
+    .code = Slice(41, 8),
+    .code_hours = Slice(49, 7, 2),
+    .codes = kTLHCodes,
+    .hours_picture = kTwoPlaces,
+};
 
 // "Konetix v4.1": one pay item a record, naming its own earning code.
-constexpr ColumnMap kKonetixMap = [] {
-  ColumnMap m;
-  m.translator = "Konetix";
-  m.employee = Slice(1, 10);
-  m.name = Slice(11, 30);
-  m.code_rule = CodeRule::FromRecord;
-  m.code = Slice(50, 5);
-  m.dore = Slice(49, 1);
-  m.code_hours = Slice(55, 8, 2);
-  m.code_dollars = Slice(63, 10, 2);
-  m.hours_picture = kTwoPlaces;
-  m.dollars_picture = kTwoPlaces;
-  return m;
-}();
+constexpr ColumnMap kKonetixMap{
+    .translator = "Konetix",
+    .employee = Slice(1, 10),
+    .name = Slice(11, 30),
+    .code_rule = CodeRule::FromRecord,
+    .code = Slice(50, 5),
+    .dore = Slice(49, 1),
+    .code_hours = Slice(55, 8, 2),
+    .code_dollars = Slice(63, 10, 2),
+    .hours_picture = kTwoPlaces,
+    .dollars_picture = kTwoPlaces,
+};
 
 }  // namespace
 
