@@ -222,9 +222,17 @@ const Translator* FindTranslator(std::string_view name) {
       &kGreatPlainsTranslator,
 
       // comma restaurant formats: the back-office column maps, and Denny's DINE
-      &kDDMGRTranslator, &kQwestTranslator, &kESITranslator, &kSorrelin2868Translator,
-      &kPCIPaperTranslator, &kCTuitRadarTranslator, &kHootersTranslator, &kRBITranslator,
-      &kRestaurantMagicTranslator, &kDennysDINETranslator, &kDennysDINErelcoTranslator,
+      &kDDMGRTranslator,
+      &kQwestTranslator,
+      &kESITranslator,
+      &kSorrelin2868Translator,
+      &kPCIPaperTranslator,
+      &kCTuitRadarTranslator,
+      &kHootersTranslator,
+      &kRBITranslator,
+      &kRestaurantMagicTranslator,
+      &kDennysDINETranslator,
+      &kDennysDINErelcoTranslator,
 
       // comma timeclock formats
 
