@@ -472,7 +472,17 @@ const std::vector<Example>& BundledExamples() {
       // line restaurant formats
 
       // fixed records formats
-
+      {"paychoice.txt", "PayChoice", {}, 6, 5},
+      {"trutime.dat", "TruTime", {}, 5, 5},
+      {"ave-ot.dat", "Ave OT", {}, 3, 5},
+      {"ceridian-web.dat", "Ceridian Web", {}, 5, 5},
+      {"konetix-v4-1.rap", "Konetix v4.1", {}, 4, 4},
+      {"paysuite.asc", "PaySuite", {}, 4, 4},
+      {"q-quest-etc-200.dat", "Q-quest ETC 200", {}, 3, 7},
+      {"rapidpay.txt", "RapidPay", {}, 4, 4},
+      {"shelby.txt", "Shelby", {}, 3, 4},
+      {"timetrak.txt", "TimeTrak", {}, 5, 5},
+      {"tlh.txt", "TLH", {}, 4, 4},
   };
   return kExamples;
 }
