@@ -250,9 +250,17 @@ const Translator* FindTranslator(std::string_view name) {
       // comma other formats
 
       // ADI, BGS, Gradience, Homewatch and Lathem line and fixed exports
-      &kADITranslator, &kADI941Translator, &kBGSTranslator, &kGradienceTranslator,
-      &kHomewatchTranslator, &kHomewatch2Translator, &kHomewatch3Translator, &kLathemTranslator,
-      &kLathem6Translator, &kLathemPayClockProTranslator, &kLathernTranslator,
+      &kADITranslator,
+      &kADI941Translator,
+      &kBGSTranslator,
+      &kGradienceTranslator,
+      &kHomewatchTranslator,
+      &kHomewatch2Translator,
+      &kHomewatch3Translator,
+      &kLathemTranslator,
+      &kLathem6Translator,
+      &kLathemPayClockProTranslator,
+      &kLathernTranslator,
 
       // line restaurant formats
 
