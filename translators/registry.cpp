@@ -92,7 +92,18 @@ extern const Translator kHillCsvTranslator;
 extern const Translator kHillTMWTranslator;
 extern const Translator kGreatPlainsTranslator;
 
-// comma restaurant formats
+// comma restaurant formats: the back-office column maps, and Denny's DINE
+extern const Translator kDDMGRTranslator;
+extern const Translator kQwestTranslator;
+extern const Translator kESITranslator;
+extern const Translator kSorrelin2868Translator;
+extern const Translator kPCIPaperTranslator;
+extern const Translator kCTuitRadarTranslator;
+extern const Translator kHootersTranslator;
+extern const Translator kRBITranslator;
+extern const Translator kRestaurantMagicTranslator;
+extern const Translator kDennysDINETranslator;
+extern const Translator kDennysDINErelcoTranslator;
 
 // AccroPrint, Aspect, CLI, NovaTime, TimeCentre, Timeforce, Time Guardian, Time-in-a-Box,
 // TruQC, Angel Fire and ChronoTek
@@ -160,7 +171,10 @@ const Translator* FindTranslator(std::string_view name) {
       &kDataTrakTranslator, &kDrakeWilliamsTranslator, &kHILLTranslator, &kHillCsvTranslator,
       &kHillTMWTranslator, &kGreatPlainsTranslator,
 
-      // comma restaurant formats
+      // comma restaurant formats: the back-office column maps, and Denny's DINE
+      &kDDMGRTranslator, &kQwestTranslator, &kESITranslator, &kSorrelin2868Translator,
+      &kPCIPaperTranslator, &kCTuitRadarTranslator, &kHootersTranslator, &kRBITranslator,
+      &kRestaurantMagicTranslator, &kDennysDINETranslator, &kDennysDINErelcoTranslator,
 
       // AccroPrint, Aspect, CLI, NovaTime, TimeCentre, Timeforce, Time Guardian,
       // Time-in-a-Box, TruQC, Angel Fire and ChronoTek

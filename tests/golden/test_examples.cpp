@@ -421,6 +421,17 @@ const std::vector<Example>& BundledExamples() {
        {Message("Pay Designation 7 needs an Earning Code assigned to it.")}},
 
       // comma restaurant formats
+      {"ddmgr.txt", "DDMGR", {}, 7, 7},
+      {"qwest.txt", "Qwest", {}, 6, 6},
+      {"esi.txt", "ESI", {}, 5, 5},
+      {"sorrelin-2868.csv", "Sorrelin 2868", {}, 3, 5},
+      {"pci-paper.csv", "PCI Paper", {}, 3, 7},
+      {"ctuit-radar.csv", "CTuit Radar", {}, 3, 8},
+      {"hooters.txt", "Hooters", {}, 3, 6},
+      {"rbi.csv", "RBI", {}, 2, 8},
+      {"restaurant-magic.pay", "Restaurant Magic", {}, 3, 5},
+      {"denny-s-dine.csv", "Denny's DINE", {}, 3, 9},
+      {"denny-s-dine-relco.csv", "Denny's DINE - Relco", {}, 3, 6},
 
       // comma timeclock formats
       {"accroprint-v2-0.txt", "AccroPrint v2.0", {}, 4, 14},
