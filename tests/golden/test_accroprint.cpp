@@ -3,31 +3,19 @@
 // tests/fixtures/accroprint-v2-0/README.md.
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
 
 #include "tests/cli/cli_harness.hpp"
+#include "tests/golden/export_golden.hpp"
 
 namespace corvane_test {
 namespace {
 
-namespace fs = std::filesystem;
-
-// Runs the fixture export with the given --set options and compares both files.
+// The fixture export with the given --set options against the files worked out by hand.
 void ExpectGolden(std::initializer_list<std::string> sets, long records, long lines,
                   const std::string& expected) {
-  WorkDir dir;
-  auto input = dir.CopyIn(Fixture("accroprint-v2-0/accroprint.txt"), "accroprint.txt");
-  RunCall call(dir);
-  call.Add({"--format", "AccroPrint v2.0", "--company", "123", "--end-date", "11/20/2026",
-            "--input", input.string(), "--output", dir.output().string()});
-  for (const std::string& set : sets) call.Add({"--set", set});
-  auto result = call.Go();
-  ExpectOnlyReport(dir, call, result, "AccroPrint v2.0", records, lines);
-  EXPECT_EQ(ReadBytes(ImportFile123(dir)),
-            ReadBytes(Fixture("accroprint-v2-0/" + expected + "_ta.txt")));
-  EXPECT_EQ(ReadBytes(AuditFile123(dir)),
-            ReadBytes(Fixture("accroprint-v2-0/" + expected + "_audit.txt")));
+  ExpectGoldenExport("AccroPrint v2.0", "accroprint-v2-0", "accroprint.txt", sets, records, lines,
+                     expected);
 }
 
 TEST(AccroPrintV20Translator, HoursColumnsGoOutInTheRowsOrder) {

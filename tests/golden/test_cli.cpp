@@ -3,29 +3,18 @@
 // tests/fixtures/cli/README.md.
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
 
 #include "tests/cli/cli_harness.hpp"
+#include "tests/golden/export_golden.hpp"
 
 namespace corvane_test {
 namespace {
 
-namespace fs = std::filesystem;
-
-// Runs the fixture export with the given --set options and compares both files.
+// The fixture export with the given --set options against the files worked out by hand.
 void ExpectGolden(std::initializer_list<std::string> sets, long records, long lines,
                   const std::string& expected) {
-  WorkDir dir;
-  auto input = dir.CopyIn(Fixture("cli/cli.txt"), "cli.txt");
-  RunCall call(dir);
-  call.Add({"--format", "CLI", "--company", "123", "--end-date", "11/20/2026", "--input",
-            input.string(), "--output", dir.output().string()});
-  for (const std::string& set : sets) call.Add({"--set", set});
-  auto result = call.Go();
-  ExpectOnlyReport(dir, call, result, "CLI", records, lines);
-  EXPECT_EQ(ReadBytes(ImportFile123(dir)), ReadBytes(Fixture("cli/" + expected + "_ta.txt")));
-  EXPECT_EQ(ReadBytes(AuditFile123(dir)), ReadBytes(Fixture("cli/" + expected + "_audit.txt")));
+  ExpectGoldenExport("CLI", "cli", "cli.txt", sets, records, lines, expected);
 }
 
 TEST(CLITranslator, SixColumnsWithTheBonusInDollars) {

@@ -3,30 +3,18 @@
 // tests/fixtures/novatime/README.md.
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
 
 #include "tests/cli/cli_harness.hpp"
+#include "tests/golden/export_golden.hpp"
 
 namespace corvane_test {
 namespace {
 
-namespace fs = std::filesystem;
-
-// Runs the fixture export with the given --set options and compares both files.
+// The fixture export with the given --set options against the files worked out by hand.
 void ExpectGolden(std::initializer_list<std::string> sets, long records, long lines,
                   const std::string& expected) {
-  WorkDir dir;
-  auto input = dir.CopyIn(Fixture("novatime/novatime.csv"), "novatime.csv");
-  RunCall call(dir);
-  call.Add({"--format", "NovaTime", "--company", "123", "--end-date", "11/20/2026", "--input",
-            input.string(), "--output", dir.output().string()});
-  for (const std::string& set : sets) call.Add({"--set", set});
-  auto result = call.Go();
-  ExpectOnlyReport(dir, call, result, "NovaTime", records, lines);
-  EXPECT_EQ(ReadBytes(ImportFile123(dir)), ReadBytes(Fixture("novatime/" + expected + "_ta.txt")));
-  EXPECT_EQ(ReadBytes(AuditFile123(dir)),
-            ReadBytes(Fixture("novatime/" + expected + "_audit.txt")));
+  ExpectGoldenExport("NovaTime", "novatime", "novatime.csv", sets, records, lines, expected);
 }
 
 TEST(NovaTimeTranslator, PayCodePicksTheCategory) {

@@ -3,31 +3,19 @@
 // tests/fixtures/time-in-a-box/README.md.
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
 
 #include "tests/cli/cli_harness.hpp"
+#include "tests/golden/export_golden.hpp"
 
 namespace corvane_test {
 namespace {
 
-namespace fs = std::filesystem;
-
-// Runs the fixture export with the given --set options and compares both files.
+// The fixture export with the given --set options against the files worked out by hand.
 void ExpectGolden(std::initializer_list<std::string> sets, long records, long lines,
                   const std::string& expected) {
-  WorkDir dir;
-  auto input = dir.CopyIn(Fixture("time-in-a-box/time-in-a-box.txt"), "time-in-a-box.txt");
-  RunCall call(dir);
-  call.Add({"--format", "Time-in-a-Box", "--company", "123", "--end-date", "11/20/2026", "--input",
-            input.string(), "--output", dir.output().string()});
-  for (const std::string& set : sets) call.Add({"--set", set});
-  auto result = call.Go();
-  ExpectOnlyReport(dir, call, result, "Time-in-a-Box", records, lines);
-  EXPECT_EQ(ReadBytes(ImportFile123(dir)),
-            ReadBytes(Fixture("time-in-a-box/" + expected + "_ta.txt")));
-  EXPECT_EQ(ReadBytes(AuditFile123(dir)),
-            ReadBytes(Fixture("time-in-a-box/" + expected + "_audit.txt")));
+  ExpectGoldenExport("Time-in-a-Box", "time-in-a-box", "time-in-a-box.txt", sets, records, lines,
+                     expected);
 }
 
 TEST(TimeInABoxTranslator, HoursTypePicksTheCategory) {
