@@ -450,11 +450,51 @@ const std::vector<Example>& BundledExamples() {
       // comma other formats
 
       // line timeclock formats
+      {"adi.txt",
+       "ADI",
+       {},
+       3,
+       5,
+       nullptr,
+       {},
+       {Message("ADI column 1 needs an Earning Code assigned to it."),
+        Message("ADI column 2 needs an Earning Code assigned to it."),
+        Message("ADI column 4 needs an Earning Code assigned to it.")}},
+      {"bgs.csv",
+       "BGS",
+       {},
+       3,
+       6,
+       nullptr,
+       {},
+       {Message("BGS column 1 needs an Earning Code assigned to it."),
+        Message("BGS column 2 needs an Earning Code assigned to it."),
+        Message("BGS column 5 needs an Earning Code assigned to it."),
+        Message("BGS column 6 needs an Earning Code assigned to it.")}},
+      {"gradience.txt", "Gradience", {}, 6, 6},
+      {"lathern.txt", "Lathern", {}, 5, 5},
+      {"lathem.txt", "Lathem", {}, 3, 7},
+      {"lathem-v6.txt", "Lathem v6", {}, 3, 6},
+      {"lathem-payclock-pro.txt", "Lathem Payclock Pro", {}, 4, 4},
+      {"homewatch.txt", "Homewatch", {}, 3, 10},
+      {"homewatch-2.txt", "Homewatch 2", {"txtMinWage=7.25"}, 5, 5},
+      {"homewatch-3.txt", "Homewatch 3", {}, 4, 4},
+      {"adi-v9-4-1.txt", "ADI v9.4.1", {}, 4, 4},
 
       // line restaurant formats
 
       // fixed records formats
-
+      {"paychoice.txt", "PayChoice", {}, 6, 5},
+      {"trutime.dat", "TruTime", {}, 5, 5},
+      {"ave-ot.dat", "Ave OT", {}, 3, 5},
+      {"ceridian-web.dat", "Ceridian Web", {}, 5, 5},
+      {"konetix-v4-1.rap", "Konetix v4.1", {}, 4, 4},
+      {"paysuite.asc", "PaySuite", {}, 4, 4},
+      {"q-quest-etc-200.dat", "Q-quest ETC 200", {}, 3, 7},
+      {"rapidpay.txt", "RapidPay", {}, 4, 4},
+      {"shelby.txt", "Shelby", {}, 3, 4},
+      {"timetrak.txt", "TimeTrak", {}, 5, 5},
+      {"tlh.txt", "TLH", {}, 4, 4},
   };
   return kExamples;
 }
