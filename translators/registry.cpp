@@ -259,16 +259,32 @@ const Translator* FindTranslator(std::string_view name) {
 
       // AccroPrint, Aspect, CLI, NovaTime, TimeCentre, Timeforce, Time Guardian,
       // Time-in-a-Box, TruQC, Angel Fire and ChronoTek
-      &kAccroPrintV20Translator, &kASPTranslator, &kCLITranslator, &kNovaTimeTranslator,
-      &kTimeCentreTranslator, &kTimeforceDCOGTranslator, &kTimeGuardianTranslator,
-      &kTimeInABoxTranslator, &kTruQCTranslator, &kAngelFireTranslator, &kChronoTekTranslator,
+      &kAccroPrintV20Translator,
+      &kASPTranslator,
+      &kCLITranslator,
+      &kNovaTimeTranslator,
+      &kTimeCentreTranslator,
+      &kTimeforceDCOGTranslator,
+      &kTimeGuardianTranslator,
+      &kTimeInABoxTranslator,
+      &kTruQCTranslator,
+      &kAngelFireTranslator,
+      &kChronoTekTranslator,
 
       // comma other formats
 
       // ADI, BGS, Gradience, Homewatch and Lathem line and fixed exports
-      &kADITranslator, &kADI941Translator, &kBGSTranslator, &kGradienceTranslator,
-      &kHomewatchTranslator, &kHomewatch2Translator, &kHomewatch3Translator, &kLathemTranslator,
-      &kLathem6Translator, &kLathemPayClockProTranslator, &kLathernTranslator,
+      &kADITranslator,
+      &kADI941Translator,
+      &kBGSTranslator,
+      &kGradienceTranslator,
+      &kHomewatchTranslator,
+      &kHomewatch2Translator,
+      &kHomewatch3Translator,
+      &kLathemTranslator,
+      &kLathem6Translator,
+      &kLathemPayClockProTranslator,
+      &kLathernTranslator,
 
       // line restaurant formats
 
