@@ -105,7 +105,19 @@ extern const Translator kRestaurantMagicTranslator;
 extern const Translator kDennysDINETranslator;
 extern const Translator kDennysDINErelcoTranslator;
 
-// comma timeclock formats
+// AccroPrint, Aspect, CLI, NovaTime, TimeCentre, Timeforce, Time Guardian, Time-in-a-Box,
+// TruQC, Angel Fire and ChronoTek
+extern const Translator kAccroPrintV20Translator;
+extern const Translator kASPTranslator;
+extern const Translator kCLITranslator;
+extern const Translator kNovaTimeTranslator;
+extern const Translator kTimeCentreTranslator;
+extern const Translator kTimeforceDCOGTranslator;
+extern const Translator kTimeGuardianTranslator;
+extern const Translator kTimeInABoxTranslator;
+extern const Translator kTruQCTranslator;
+extern const Translator kAngelFireTranslator;
+extern const Translator kChronoTekTranslator;
 
 // comma other formats
 
@@ -245,7 +257,19 @@ const Translator* FindTranslator(std::string_view name) {
       &kDennysDINETranslator,
       &kDennysDINErelcoTranslator,
 
-      // comma timeclock formats
+      // AccroPrint, Aspect, CLI, NovaTime, TimeCentre, Timeforce, Time Guardian,
+      // Time-in-a-Box, TruQC, Angel Fire and ChronoTek
+      &kAccroPrintV20Translator,
+      &kASPTranslator,
+      &kCLITranslator,
+      &kNovaTimeTranslator,
+      &kTimeCentreTranslator,
+      &kTimeforceDCOGTranslator,
+      &kTimeGuardianTranslator,
+      &kTimeInABoxTranslator,
+      &kTruQCTranslator,
+      &kAngelFireTranslator,
+      &kChronoTekTranslator,
 
       // comma other formats
 

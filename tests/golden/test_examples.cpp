@@ -434,6 +434,18 @@ const std::vector<Example>& BundledExamples() {
       {"denny-s-dine-relco.csv", "Denny's DINE - Relco", {}, 3, 6},
 
       // comma timeclock formats
+      {"accroprint-v2-0.txt", "AccroPrint v2.0", {}, 4, 14},
+      {"aspect.csv", "Aspect", {}, 3, 6},
+      {"cli.txt", "CLI", {}, 3, 8},
+      {"novatime.csv", "NovaTime", {}, 6, 6},
+      {"timecentre.dat", "TimeCentre", {}, 5, 5},
+      {"timeforce-dcog.csv", "Timeforce DCOG", {}, 3, 7},
+      {"time-guardian.dat", "Time Guardian", {}, 3, 6},
+      {"time-in-a-box.txt", "Time-in-a-Box", {}, 6, 6},
+      {"truqc.csv", "TruQC", {}, 3, 5},
+      // the OT line is counted and not paid
+      {"angel-fire.csv", "Angel Fire", {}, 4, 3},
+      {"chronotek.csv", "ChronoTek", {}, 3, 5},
 
       // comma other formats
 
