@@ -100,7 +100,19 @@ extern const Translator kGreatPlainsTranslator;
 
 // line timeclock formats
 
-// line restaurant formats
+// IHOP8, Shoneys, Wheatfields, Archaic Beef, SAILOR Poll, PXP-Golden Corral, TMX, TimeTrax,
+// Lake Austin, Maddock and SEI
+extern const Translator kArchaicBeefTranslator;
+extern const Translator kIHOP8Translator;
+extern const Translator kLakeAustinTranslator;
+extern const Translator kMaddockTranslator;
+extern const Translator kSAILORPollTranslator;
+extern const Translator kSEITranslator;
+extern const Translator kShoneysTranslator;
+extern const Translator kTimeTraxTranslator;
+extern const Translator kWheatfieldsTranslator;
+extern const Translator kPXPTranslator;
+extern const Translator kTMXTranslator;
 
 // fixed records formats
 
@@ -156,7 +168,11 @@ const Translator* FindTranslator(std::string_view name) {
 
       // line timeclock formats
 
-      // line restaurant formats
+      // IHOP8, Shoneys, Wheatfields, Archaic Beef, SAILOR Poll, PXP-Golden Corral, TMX,
+      // TimeTrax, Lake Austin, Maddock and SEI
+      &kArchaicBeefTranslator, &kIHOP8Translator, &kLakeAustinTranslator, &kMaddockTranslator,
+      &kSAILORPollTranslator, &kSEITranslator, &kShoneysTranslator, &kTimeTraxTranslator,
+      &kWheatfieldsTranslator, &kPXPTranslator, &kTMXTranslator,
 
       // fixed records formats
 
