@@ -9,12 +9,12 @@ namespace {
 const PayColumn kPXPPay[] = {
     {.column = Slice(44, 7, 2), .kind = Figure::Hours, .category = Cat::Reg},
     {.column = Slice(51, 7, 2), .kind = Figure::Hours, .category = Cat::OT},
-    {.column = Slice(58, 7, 2), .kind = Figure::Hours, .category = Cat::Dbl},      // vacation
-    {.column = Slice(79, 8, 2), .kind = Figure::Dollars, .category = Cat::Tips},   // tips
-    {.column = Slice(65, 7, 2), .kind = Figure::Hours, .category = Cat::Sales},    // sick
-    {.column = Slice(72, 7, 2), .kind = Figure::Hours, .category = Cat::Hol},      // holiday
-    {.column = Slice(87, 8, 2), .kind = Figure::Dollars, .category = Cat::Misc},   // misc earning
-    {.column = Slice(95, 8, 2), .kind = Figure::Dollars, .category = Cat::Disb},   // misc deduction
+    {.column = Slice(58, 7, 2), .kind = Figure::Hours, .category = Cat::Dbl},     // vacation
+    {.column = Slice(79, 8, 2), .kind = Figure::Dollars, .category = Cat::Tips},  // tips
+    {.column = Slice(65, 7, 2), .kind = Figure::Hours, .category = Cat::Sales},   // sick
+    {.column = Slice(72, 7, 2), .kind = Figure::Hours, .category = Cat::Hol},     // holiday
+    {.column = Slice(87, 8, 2), .kind = Figure::Dollars, .category = Cat::Misc},  // misc earning
+    {.column = Slice(95, 8, 2), .kind = Figure::Dollars, .category = Cat::Disb},  // misc deduction
 };
 
 constexpr ColumnMap kPXP{
