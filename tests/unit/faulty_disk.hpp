@@ -21,7 +21,7 @@ class FaultyDisk : public FileOps {
   FaultyDisk& operator=(const FaultyDisk&) = delete;
 
   std::string target;
-  long room = -1;           // bytes the target files may still take; -1 no limit
+  long room = -1;            // bytes the target files may still take; -1 no limit
   int write_error = ENOSPC;  // what a write beyond the room meets
   int close_error = 0;
   int sync_error = 0;
@@ -51,7 +51,9 @@ class FaultyDisk : public FileOps {
     }
     return n;
   }
-  int Sync(int fd) override { return Refuse(fd, sync_error, [&] { return FileOps::Sync(fd); }); }
+  int Sync(int fd) override {
+    return Refuse(fd, sync_error, [&] { return FileOps::Sync(fd); });
+  }
   int Close(int fd) override {
     const bool hit = hit_[fd];
     hit_.erase(fd);

@@ -136,12 +136,9 @@ TEST_F(Replacement, ASaveThatFailsAnywhereLeavesTheOldFileWholeAndNothingBeside)
     int expected;
   };
   const Fault faults[] = {
-      {"disk full after 9 bytes", 9, 0, 0, 0, 61},
-      {"disk full at once", 0, 0, 0, 0, 61},
-      {"sync fails", -1, 0, EIO, 0, 57},
-      {"close fails", -1, EIO, 0, 0, 57},
-      {"rename refused", -1, 0, 0, EACCES, 70},
-      {"rename fails otherwise", -1, 0, 0, EXDEV, 75},
+      {"disk full after 9 bytes", 9, 0, 0, 0, 61}, {"disk full at once", 0, 0, 0, 0, 61},
+      {"sync fails", -1, 0, EIO, 0, 57},           {"close fails", -1, EIO, 0, 0, 57},
+      {"rename refused", -1, 0, 0, EACCES, 70},    {"rename fails otherwise", -1, 0, 0, EXDEV, 75},
   };
   for (const Fault& f : faults) {
     SCOPED_TRACE(f.what);
