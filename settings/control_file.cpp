@@ -208,12 +208,14 @@ void frmTimeImport::Form_Unload() {
     if (!fs.folderexists(env.settings_dir)) fs.CreateFolder(env.settings_dir);
   } catch (const RuntimeError&) {
   }
+  // Each file is written under a new name and takes its own name only at its close, so that
+  // a disk that fails mid-write never leaves half a file. Both are begun before anything is
+  // written: a failure in the control file's lines leaves the location table empty and the
+  // control file cut at the failing line, as the order of work has always had it.
+  std::unique_ptr<TextStream> control, locations;
   try {
-    // Each file is written whole under a new name and takes its own name only when
-    // complete: a failure leaves the file it was to replace as it was, and a failure in the
-    // control file leaves the location table untouched.
-    std::unique_ptr<TextStream> control = fs.createreplacement(ControlFile);
-    std::unique_ptr<TextStream> locations = fs.createreplacement(LocFile);
+    control = fs.createreplacement(ControlFile);
+    locations = fs.createreplacement(LocFile);
 
     static const std::string kSpaces(kLineWidth, ' ');
     std::string line;
@@ -269,6 +271,14 @@ void frmTimeImport::Form_Unload() {
     }
     locations->Close();
   } catch (const RuntimeError& error) {
+    // Each file goes out as far as it was written; one the disk refuses stays as it was.
+    for (TextStream* stream : {control.get(), locations.get()}) {
+      if (stream == nullptr) continue;
+      try {
+        stream->Close();
+      } catch (const RuntimeError&) {
+      }
+    }
     MsgBox("Unable to store Corvane_Control Information." + error.description());
   }
 }

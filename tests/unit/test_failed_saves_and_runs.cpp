@@ -170,7 +170,9 @@ TEST_F(OnAFailingDisk, AFailedCustomisationSaveKeepsTheOldFileAndTheFormOpen) {
             "\"123\",\"True\",\"True\",\"True\",\"0\",\"-1\",\"-1\",\"-1\",\"-1\",\"-1\"\r\n");
 }
 
-TEST_F(OnAFailingDisk, AFailedExitSaveKeepsTheControlFileAndTheLocationTable) {
+// The exit's save keeps its order of work: a failure in the control file's lines leaves the
+// location table empty. The control file the disk refused stays whole, never cut.
+TEST_F(OnAFailingDisk, AFailedExitSaveKeepsTheControlFileAndEmptiesTheLocationTable) {
   const std::string stores = "7,E2,E3,E4,E5,E6,E7,E8,E9,E10,E11,E12,E61,E62,E69\r\n";
   const std::string control(102 * 62, 'c');  // any bytes: they are only to survive
   tmp.Write("settings/LocFile.dat", stores);
@@ -183,7 +185,7 @@ TEST_F(OnAFailingDisk, AFailedExitSaveKeepsTheControlFileAndTheLocationTable) {
   ASSERT_EQ(ui.messages.size(), 1u);
   EXPECT_EQ(ui.messages[0].text, "Unable to store Corvane_Control Information.Disk full");
   EXPECT_EQ(TempFolder::Read(Settings("Corvane_Control.dat")), control);
-  EXPECT_EQ(TempFolder::Read(Settings("LocFile.dat")), stores);
+  EXPECT_EQ(TempFolder::Read(Settings("LocFile.dat")), "");
   for (const auto& entry : std::filesystem::directory_iterator(tmp.path() / "settings")) {
     EXPECT_NE(entry.path().filename().string().front(), '.') << entry.path();
   }
