@@ -96,7 +96,17 @@ extern const Translator kGreatPlainsTranslator;
 
 // comma timeclock formats
 
-// comma other formats
+// Payroll, accounting and staffing exports
+extern const Translator kAmpayTranslator;
+extern const Translator kPRCTranslator;
+extern const Translator kSAGEMAS90Translator;
+extern const Translator kDarwinTranslator;
+extern const Translator kdataSIGNTranslator;
+extern const Translator keWorksTranslator;
+extern const Translator kGenerationsXREFTranslator;
+extern const Translator kOmniChromeTranslator;
+extern const Translator kQuickBooksTranslator;
+extern const Translator kTempWizardTranslator;
 
 // line timeclock formats
 
@@ -152,7 +162,10 @@ const Translator* FindTranslator(std::string_view name) {
 
       // comma timeclock formats
 
-      // comma other formats
+      // Payroll, accounting and staffing exports
+      &kAmpayTranslator, &kPRCTranslator, &kSAGEMAS90Translator, &kDarwinTranslator,
+      &kdataSIGNTranslator, &keWorksTranslator, &kGenerationsXREFTranslator, &kOmniChromeTranslator,
+      &kQuickBooksTranslator, &kTempWizardTranslator,
 
       // line timeclock formats
 
