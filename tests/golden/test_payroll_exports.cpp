@@ -145,6 +145,7 @@ TEST(Ampay, AFileWithItsHeadingAloneNamesNoFilesAndReportsNothing) {
             (dir.root() / "ampay.csv").string(), "--output", dir.output().string()});
   auto result = call.Go();
   ASSERT_FALSE(result.timed_out);
+  EXPECT_EQ(result.status, 1);
   EXPECT_TRUE(Dialogue(call.Transcript()).empty());
   EXPECT_FALSE(fs::exists(dir.output() / "_ta.txt"));
 }
