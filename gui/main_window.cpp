@@ -165,7 +165,8 @@ QWidget* TimeImportWindow::BuildFieldsPanel() {
   run->addWidget(widgets_[CoNum], 0, 1);
   run->addWidget(widgets_[labpdEndDate], 1, 0);
   run->addWidget(widgets_[pdEndDate], 1, 1);
-  run->addWidget(widgets_[lblLocLook], 2, 0);
+  // the group's heading spans the row above its box, never a label beside nothing
+  run->addWidget(widgets_[lblLocLook], 2, 0, 1, 2);
   run->addWidget(widgets_[labLocNum], 3, 0);
   auto* location = new QHBoxLayout;
   location->addWidget(widgets_[LocNum], 1);

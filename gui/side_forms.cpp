@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -117,6 +118,10 @@ ECodeWindow::ECodeWindow(TimeImportWindow& main) : QDialog(&main), main_(main) {
   buttons->addWidget(save_);
   buttons->addWidget(cancel_);
   v->addLayout(buttons);
+  note_ = new QLabel(this);
+  note_->setObjectName(QStringLiteral("ECodeNote"));
+  note_->setWordWrap(true);
+  v->addWidget(note_);
   resize(640, 360);
 
   connect(grid_, &QTableWidget::cellChanged, this, [this](int row, int column) {
@@ -126,6 +131,7 @@ ECodeWindow::ECodeWindow(TimeImportWindow& main) : QDialog(&main), main_(main) {
     std::optional<std::size_t> added;
     main_.Event([this, &added] { added = main_.Form().ECode.ECodeGrid.AddRow(); });
     if (!added) return;
+    edited_ = true;
     // the operator types the new row straight away: the keyboard goes to its first cell
     const int row = static_cast<int>(*added);
     int first = 0;
@@ -138,6 +144,7 @@ ECodeWindow::ECodeWindow(TimeImportWindow& main) : QDialog(&main), main_(main) {
   connect(delete_row_, &QPushButton::clicked, this, [this] {
     const int row = grid_->currentRow();
     if (row < 0) return;
+    edited_ = true;
     main_.Event(
         [this, row] { main_.Form().ECode.ECodeGrid.DeleteRow(static_cast<std::size_t>(row)); });
   });
@@ -154,6 +161,7 @@ void ECodeWindow::CellEdited(int row, int column) {
   DataGrid& grid = main_.Form().ECode.ECodeGrid;
   QTableWidgetItem* item = grid_->item(row, column);
   if (item == nullptr) return;
+  edited_ = true;
   // A refused text (a letter in a whole-number column) leaves the cell as it was.
   grid.SetText(static_cast<std::size_t>(row), static_cast<std::size_t>(column), L(item->text()));
   const QSignalBlocker hold(grid_);
@@ -200,8 +208,23 @@ void ECodeWindow::ShowModel() {
   if (form.visible && !isVisible()) {
     setWindowTitle(
         TitleFor(frmECode::kCaption, main_.Form().S[CoNum].text, main_.Form().S[LocNum].text));
+    // a grid opened afresh holds nothing typed yet
+    edited_ = false;
+    note_->clear();
   }
   FollowVisibility(this, form.visible);
+}
+
+void ECodeWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier && edited_) {
+    // the grid stays open: its two buttons say what becomes of the rows
+    note_->setText(QStringLiteral(
+        "Rows were changed. \"Save Changes\" keeps them; \"Cancel\" closes the grid without "
+        "saving them."));
+    event->accept();
+    return;
+  }
+  QDialog::keyPressEvent(event);
 }
 
 void ECodeWindow::reject() {

@@ -34,16 +34,24 @@ class ECodeWindow : public QDialog {
   QPushButton* DeleteRowButton() const { return delete_row_; }
   QPushButton* SaveButton() const { return save_; }
   QPushButton* CancelButton() const { return cancel_; }
+  // The line at the foot of the grid that says why Escape did not close it.
+  QLabel* NoteLine() const { return note_; }
 
  protected:
-  // Escape or closing the form from its frame is its Cancel.
+  // Closing the form from its frame is its Cancel.
   void reject() override;
+  // Escape is the Cancel of a grid with nothing typed into it; a stray Escape never loses
+  // rows being typed.
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void CellEdited(int row, int column);
 
   TimeImportWindow& main_;
   QLabel* heading_;
+  QLabel* note_;
+  // Rows added, deleted or typed into since the grid was opened.
+  bool edited_ = false;
   QTableWidget* grid_;
   QPushButton *add_row_, *delete_row_, *save_, *cancel_;
   bool showing_ = false;

@@ -63,7 +63,7 @@ enum class CodeRule : std::uint8_t {
 };
 
 struct ColumnMap {
-  std::string_view translator;  // the translator's name in the dispatch table
+  std::string_view translator{};  // the translator's name in the dispatch table
   // Comma fields a record (the comma shapes, or a whole line split at `separator`); 0 for a
   // record read only by slices.
   int fields = 0;
@@ -83,39 +83,39 @@ struct ColumnMap {
   bool translate_last_line = false;
 
   // Identity. Employee_no, trimmed; a record whose number is blank is passed over uncounted.
-  Column employee;
+  Column employee{};
   // Employee_Name, trimmed; with first_name given it is "name, first" (a blank first name adds
   // nothing).
-  Column name;
-  Column first_name;
+  Column name{};
+  Column first_name{};
   // Fields under the option boxes: taken, trimmed, when the box is ticked, else "".
-  Column department;  // chkDept
-  Column division;    // chkDiv
-  Column branch;      // chkBr
-  Column team;        // chkTeam
-  Column job;         // chkJob
-  Column payrate;     // chkPayRate
-  Column ssn;         // chkSSN: picture "000000000" where numeric, all zeros blanked
+  Column department{};  // chkDept
+  Column division{};    // chkDiv
+  Column branch{};      // chkBr
+  Column team{};        // chkTeam
+  Column job{};         // chkJob
+  Column payrate{};     // chkPayRate
+  Column ssn{};         // chkSSN: picture "000000000" where numeric, all zeros blanked
   // Seq from the file; "1" without it.
-  Column seq;
+  Column seq{};
 
   // The figures, each under its category, in the order they go out.
-  std::span<const PayColumn> pay;
+  std::span<const PayColumn> pay{};
 
   // One write per record by the record's own code.
   CodeRule code_rule = CodeRule::None;
-  Column code;
-  Column dore;  // FromRecord: the D-or-E of the line
-  Column code_hours;
-  Column code_dollars;
-  std::span<const PayCode> codes;  // Lookup
+  Column code{};
+  Column dore{};  // FromRecord: the D-or-E of the line
+  Column code_hours{};
+  Column code_dollars{};
+  std::span<const PayCode> codes{};  // Lookup
   // A code the rule cannot place: Lookup's unknown code, FromRecord's blank code. Without a
   // hook the record is passed over silently.
   void (*unknown_code)(frmTimeImport& F, const Value& code) = nullptr;
 
   // Pictures of the figures as they go out; "" writes them as read.
-  std::string_view hours_picture;
-  std::string_view dollars_picture;
+  std::string_view hours_picture{};
+  std::string_view dollars_picture{};
 
   // What a table cannot say: called after the identity is filled and before the figures go
   // out. It may change ImportRec; false passes the record over.

@@ -92,9 +92,32 @@ extern const Translator kHillCsvTranslator;
 extern const Translator kHillTMWTranslator;
 extern const Translator kGreatPlainsTranslator;
 
-// comma restaurant formats
+// comma restaurant formats: the back-office column maps, and Denny's DINE
+extern const Translator kDDMGRTranslator;
+extern const Translator kQwestTranslator;
+extern const Translator kESITranslator;
+extern const Translator kSorrelin2868Translator;
+extern const Translator kPCIPaperTranslator;
+extern const Translator kCTuitRadarTranslator;
+extern const Translator kHootersTranslator;
+extern const Translator kRBITranslator;
+extern const Translator kRestaurantMagicTranslator;
+extern const Translator kDennysDINETranslator;
+extern const Translator kDennysDINErelcoTranslator;
 
-// comma timeclock formats
+// AccroPrint, Aspect, CLI, NovaTime, TimeCentre, Timeforce, Time Guardian, Time-in-a-Box,
+// TruQC, Angel Fire and ChronoTek
+extern const Translator kAccroPrintV20Translator;
+extern const Translator kASPTranslator;
+extern const Translator kCLITranslator;
+extern const Translator kNovaTimeTranslator;
+extern const Translator kTimeCentreTranslator;
+extern const Translator kTimeforceDCOGTranslator;
+extern const Translator kTimeGuardianTranslator;
+extern const Translator kTimeInABoxTranslator;
+extern const Translator kTruQCTranslator;
+extern const Translator kAngelFireTranslator;
+extern const Translator kChronoTekTranslator;
 
 // Payroll, accounting and staffing exports
 extern const Translator kAmpayTranslator;
@@ -108,70 +131,188 @@ extern const Translator kOmniChromeTranslator;
 extern const Translator kQuickBooksTranslator;
 extern const Translator kTempWizardTranslator;
 
-// line timeclock formats
+// ADI, BGS, Gradience, Homewatch and Lathem line and fixed exports
+extern const Translator kADITranslator;
+extern const Translator kADI941Translator;
+extern const Translator kBGSTranslator;
+extern const Translator kGradienceTranslator;
+extern const Translator kHomewatchTranslator;
+extern const Translator kHomewatch2Translator;
+extern const Translator kHomewatch3Translator;
+extern const Translator kLathemTranslator;
+extern const Translator kLathem6Translator;
+extern const Translator kLathemPayClockProTranslator;
+extern const Translator kLathernTranslator;
 
 // line restaurant formats
 
-// fixed records formats
+// payroll services and punch clocks of fixed records and whole lines
+extern const Translator kPayChoiceTranslator;
+extern const Translator kPaySuiteTranslator;
+extern const Translator kRapidPayTranslator;
+extern const Translator kCeridianWebTranslator;
+extern const Translator kShelbyTranslator;
+extern const Translator kAveOTTranslator;
+extern const Translator kTruTimeTranslator;
+extern const Translator kQquestTranslator;
+extern const Translator kTTTranslator;
+extern const Translator kTLHTranslator;
+extern const Translator kKonetixTranslator;
 
 const Translator* FindTranslator(std::string_view name) {
   static const Translator* const kAll[] = {
-      &kAccessTranslator, &kABRATranslator, &kAlohaV5313Translator, &kAlohav6542Translator,
-      &kAlohav6544Translator, &kAlohav6722Translator, &kAlohav5326Translator,
+      &kAccessTranslator,
+      &kABRATranslator,
+      &kAlohaV5313Translator,
+      &kAlohav6542Translator,
+      &kAlohav6544Translator,
+      &kAlohav6722Translator,
+      &kAlohav5326Translator,
       &kAlohav6738Translator,
       // ADP
-      &kADPas400Translator, &kADPAspectTranslator, &kADPcsvTranslator, &kADPBSTTranslator,
-      &kADPTranslator, &kADPEZLaborTranslator, &kCostaViewEZLaborTranslator, &kADPv1123Translator,
+      &kADPas400Translator,
+      &kADPAspectTranslator,
+      &kADPcsvTranslator,
+      &kADPBSTTranslator,
+      &kADPTranslator,
+      &kADPEZLaborTranslator,
+      &kCostaViewEZLaborTranslator,
+      &kADPv1123Translator,
       &kADSCustomTranslator,
       // Kronos
-      &kKronosADPTranslator, &kKronosTimeKeeper3Translator, &kKronosTimeKeeper3aTranslator,
-      &kKronosHoursSummaryTranslator, &kKronosSummaryTranslator, &kKronosV3Translator,
-      &kKronosv2cShortTranslator, &kKronosv2cTranslator, &kKronosv5aTranslator,
-      &kKronosv6Translator, &kKronosv6MTranslator, &kKronosV6csvTranslator, &kKronos14ColTranslator,
+      &kKronosADPTranslator,
+      &kKronosTimeKeeper3Translator,
+      &kKronosTimeKeeper3aTranslator,
+      &kKronosHoursSummaryTranslator,
+      &kKronosSummaryTranslator,
+      &kKronosV3Translator,
+      &kKronosv2cShortTranslator,
+      &kKronosv2cTranslator,
+      &kKronosv5aTranslator,
+      &kKronosv6Translator,
+      &kKronosv6MTranslator,
+      &kKronosV6csvTranslator,
+      &kKronos14ColTranslator,
       // Kronos v8
-      &kKronosv8Translator, &kKronosV8DTranslator,
+      &kKronosv8Translator,
+      &kKronosV8DTranslator,
       // Time Manager
-      &kTMv28Translator, &kTMv2xTranslator, &kTMv20Translator, &kTMv18Translator,
+      &kTMv28Translator,
+      &kTMv2xTranslator,
+      &kTMv20Translator,
+      &kTMv18Translator,
       &kTimeManagementSystemsTranslator,
       // Squirrel, Micros and Maitre'D
-      &kSquirrel145Translator, &kSquirrel32Translator, &kMicros3700v41Translator,
+      &kSquirrel145Translator,
+      &kSquirrel32Translator,
+      &kMicros3700v41Translator,
       &kMaitreDTranslator,
       // Aloha cross-reference versions
-      &kAlohav62Translator, &kAlohav6212Translator, &kAlohav6227Translator, &kAlohav5317Translator,
-      &kAlohav5320Translator, &kAlohav5346Translator, &kAlohav6113Translator, &kAlohaTranslator,
-      &kAlohaEnterpriseTranslator, &kAlohaLaborSchedTranslator, &kAlohaWGLTranslator,
+      &kAlohav62Translator,
+      &kAlohav6212Translator,
+      &kAlohav6227Translator,
+      &kAlohav5317Translator,
+      &kAlohav5320Translator,
+      &kAlohav5346Translator,
+      &kAlohav6113Translator,
+      &kAlohaTranslator,
+      &kAlohaEnterpriseTranslator,
+      &kAlohaLaborSchedTranslator,
+      &kAlohaWGLTranslator,
       // QsrSoft
-      &kQsrSoftTranslator, &kQSRSoftv2Translator,
+      &kQsrSoftTranslator,
+      &kQSRSoftv2Translator,
       // POSiTouch
-      &kPOSiTouchPRNTranslator, &kPOSiTouchPRNLong_GetRecTranslator, &kPOSiTouchCSVTranslator,
-      &kPOSiTouchTranslator, &kPOSiTouchOTBTranslator,
+      &kPOSiTouchPRNTranslator,
+      &kPOSiTouchPRNLong_GetRecTranslator,
+      &kPOSiTouchCSVTranslator,
+      &kPOSiTouchTranslator,
+      &kPOSiTouchOTBTranslator,
       // Workbook-driven
       &kKronPennTranslator,
       // Deltek and Monolith
-      &kDeltekTranslator, &kDeltek615Translator, &kDeltek83Translator, &kDeltek83FixTranslator,
+      &kDeltekTranslator,
+      &kDeltek615Translator,
+      &kDeltek83Translator,
+      &kDeltek83FixTranslator,
       &kMonolithTranslator,
       // Timeclock Plus, Infotronics and AE
-      &kTimeClockPlusTranslator, &kTimeclockPlusVieDelTranslator, &kTimeClockPlus5Translator,
-      &kTimeClockPlus502189Translator, &kInfotronicsTranslator, &kInfotronics2Translator,
-      &kInfotronicsAEv103Translator, &kAEv10276Translator, &kAEv1028616Translator,
+      &kTimeClockPlusTranslator,
+      &kTimeclockPlusVieDelTranslator,
+      &kTimeClockPlus5Translator,
+      &kTimeClockPlus502189Translator,
+      &kInfotronicsTranslator,
+      &kInfotronics2Translator,
+      &kInfotronicsAEv103Translator,
+      &kAEv10276Translator,
+      &kAEv1028616Translator,
       // Report scrapers
-      &kDataTrakTranslator, &kDrakeWilliamsTranslator, &kHILLTranslator, &kHillCsvTranslator,
-      &kHillTMWTranslator, &kGreatPlainsTranslator,
+      &kDataTrakTranslator,
+      &kDrakeWilliamsTranslator,
+      &kHILLTranslator,
+      &kHillCsvTranslator,
+      &kHillTMWTranslator,
+      &kGreatPlainsTranslator,
 
-      // comma restaurant formats
+      // comma restaurant formats: the back-office column maps, and Denny's DINE
+      &kDDMGRTranslator,
+      &kQwestTranslator,
+      &kESITranslator,
+      &kSorrelin2868Translator,
+      &kPCIPaperTranslator,
+      &kCTuitRadarTranslator,
+      &kHootersTranslator,
+      &kRBITranslator,
+      &kRestaurantMagicTranslator,
+      &kDennysDINETranslator,
+      &kDennysDINErelcoTranslator,
 
-      // comma timeclock formats
+      // AccroPrint, Aspect, CLI, NovaTime, TimeCentre, Timeforce, Time Guardian,
+      // Time-in-a-Box, TruQC, Angel Fire and ChronoTek
+      &kAccroPrintV20Translator,
+      &kASPTranslator,
+      &kCLITranslator,
+      &kNovaTimeTranslator,
+      &kTimeCentreTranslator,
+      &kTimeforceDCOGTranslator,
+      &kTimeGuardianTranslator,
+      &kTimeInABoxTranslator,
+      &kTruQCTranslator,
+      &kAngelFireTranslator,
+      &kChronoTekTranslator,
 
       // Payroll, accounting and staffing exports
       &kAmpayTranslator, &kPRCTranslator, &kSAGEMAS90Translator, &kDarwinTranslator,
       &kdataSIGNTranslator, &keWorksTranslator, &kGenerationsXREFTranslator, &kOmniChromeTranslator,
       &kQuickBooksTranslator, &kTempWizardTranslator,
 
-      // line timeclock formats
+      // ADI, BGS, Gradience, Homewatch and Lathem line and fixed exports
+      &kADITranslator,
+      &kADI941Translator,
+      &kBGSTranslator,
+      &kGradienceTranslator,
+      &kHomewatchTranslator,
+      &kHomewatch2Translator,
+      &kHomewatch3Translator,
+      &kLathemTranslator,
+      &kLathem6Translator,
+      &kLathemPayClockProTranslator,
+      &kLathernTranslator,
 
       // line restaurant formats
 
-      // fixed records formats
+      // payroll services and punch clocks of fixed records and whole lines
+      &kPayChoiceTranslator,
+      &kPaySuiteTranslator,
+      &kRapidPayTranslator,
+      &kCeridianWebTranslator,
+      &kShelbyTranslator,
+      &kAveOTTranslator,
+      &kTruTimeTranslator,
+      &kQquestTranslator,
+      &kTTTranslator,
+      &kTLHTranslator,
+      &kKonetixTranslator,
 
   };
   if (name.empty()) return nullptr;

@@ -421,8 +421,31 @@ const std::vector<Example>& BundledExamples() {
        {Message("Pay Designation 7 needs an Earning Code assigned to it.")}},
 
       // comma restaurant formats
+      {"ddmgr.txt", "DDMGR", {}, 7, 7},
+      {"qwest.txt", "Qwest", {}, 6, 6},
+      {"esi.txt", "ESI", {}, 5, 5},
+      {"sorrelin-2868.csv", "Sorrelin 2868", {}, 3, 5},
+      {"pci-paper.csv", "PCI Paper", {}, 3, 7},
+      {"ctuit-radar.csv", "CTuit Radar", {}, 3, 8},
+      {"hooters.txt", "Hooters", {}, 3, 6},
+      {"rbi.csv", "RBI", {}, 2, 8},
+      {"restaurant-magic.pay", "Restaurant Magic", {}, 3, 5},
+      {"denny-s-dine.csv", "Denny's DINE", {}, 3, 9},
+      {"denny-s-dine-relco.csv", "Denny's DINE - Relco", {}, 3, 6},
 
       // comma timeclock formats
+      {"accroprint-v2-0.txt", "AccroPrint v2.0", {}, 4, 14},
+      {"aspect.csv", "Aspect", {}, 3, 6},
+      {"cli.txt", "CLI", {}, 3, 8},
+      {"novatime.csv", "NovaTime", {}, 6, 6},
+      {"timecentre.dat", "TimeCentre", {}, 5, 5},
+      {"timeforce-dcog.csv", "Timeforce DCOG", {}, 3, 7},
+      {"time-guardian.dat", "Time Guardian", {}, 3, 6},
+      {"time-in-a-box.txt", "Time-in-a-Box", {}, 6, 6},
+      {"truqc.csv", "TruQC", {}, 3, 5},
+      // the OT line is counted and not paid
+      {"angel-fire.csv", "Angel Fire", {}, 4, 3},
+      {"chronotek.csv", "ChronoTek", {}, 3, 5},
 
       // comma other formats
       // Ampay names its files from the client code of its first record.
@@ -439,11 +462,51 @@ const std::vector<Example>& BundledExamples() {
       {"temp-wizard.csv", "Temp Wizard", {}, 4, 8},
 
       // line timeclock formats
+      {"adi.txt",
+       "ADI",
+       {},
+       3,
+       5,
+       nullptr,
+       {},
+       {Message("ADI column 1 needs an Earning Code assigned to it."),
+        Message("ADI column 2 needs an Earning Code assigned to it."),
+        Message("ADI column 4 needs an Earning Code assigned to it.")}},
+      {"bgs.csv",
+       "BGS",
+       {},
+       3,
+       6,
+       nullptr,
+       {},
+       {Message("BGS column 1 needs an Earning Code assigned to it."),
+        Message("BGS column 2 needs an Earning Code assigned to it."),
+        Message("BGS column 5 needs an Earning Code assigned to it."),
+        Message("BGS column 6 needs an Earning Code assigned to it.")}},
+      {"gradience.txt", "Gradience", {}, 6, 6},
+      {"lathern.txt", "Lathern", {}, 5, 5},
+      {"lathem.txt", "Lathem", {}, 3, 7},
+      {"lathem-v6.txt", "Lathem v6", {}, 3, 6},
+      {"lathem-payclock-pro.txt", "Lathem Payclock Pro", {}, 4, 4},
+      {"homewatch.txt", "Homewatch", {}, 3, 10},
+      {"homewatch-2.txt", "Homewatch 2", {"txtMinWage=7.25"}, 5, 5},
+      {"homewatch-3.txt", "Homewatch 3", {}, 4, 4},
+      {"adi-v9-4-1.txt", "ADI v9.4.1", {}, 4, 4},
 
       // line restaurant formats
 
       // fixed records formats
-
+      {"paychoice.txt", "PayChoice", {}, 6, 5},
+      {"trutime.dat", "TruTime", {}, 5, 5},
+      {"ave-ot.dat", "Ave OT", {}, 3, 5},
+      {"ceridian-web.dat", "Ceridian Web", {}, 5, 5},
+      {"konetix-v4-1.rap", "Konetix v4.1", {}, 4, 4},
+      {"paysuite.asc", "PaySuite", {}, 4, 4},
+      {"q-quest-etc-200.dat", "Q-quest ETC 200", {}, 3, 7},
+      {"rapidpay.txt", "RapidPay", {}, 4, 4},
+      {"shelby.txt", "Shelby", {}, 3, 4},
+      {"timetrak.txt", "TimeTrak", {}, 5, 5},
+      {"tlh.txt", "TLH", {}, 4, 4},
   };
   return kExamples;
 }

@@ -124,6 +124,42 @@ class FormsTest : public QObject {
     Click(form.CancelButton());
   }
 
+  // A stray Escape never loses rows being typed: with changes the grid stays open and says
+  // which button does what; untouched, Escape closes it as Cancel does.
+  void escapeKeepsAGridWithChanges() {
+    Session s;
+    Operator op;
+    auto w = s.Open(op);
+    ChooseTimeClock(*w, QStringLiteral("ADI"));
+    TypeInto(w->Widget(CoNum), QStringLiteral("77"));
+    Click(w->Widget(cmdAssEcodes));
+    ECodeWindow& form = w->ECode();
+    QTest::keyClick(form.Grid(), Qt::Key_Escape);
+    QVERIFY(!form.isVisible());  // nothing typed: Escape is Cancel
+
+    Click(w->Widget(cmdAssEcodes));
+    QVERIFY(form.isVisible());
+    QVERIFY(form.NoteLine()->text().isEmpty());
+    Click(form.AddRowButton());
+    QTRY_VERIFY(QApplication::focusWidget() != nullptr);
+    // the first Escape leaves the cell's editor; the next reaches the grid's form
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    QTest::keyClick(form.Grid(), Qt::Key_Escape);
+    QVERIFY(form.isVisible());
+    QCOMPARE(form.Grid()->rowCount(), 2);
+    QVERIFY(form.NoteLine()->text().contains(QStringLiteral("\"Save Changes\" keeps them")));
+
+    // Cancel still closes it, saving nothing, and a grid opened again starts clean
+    Click(form.CancelButton());
+    QVERIFY(!form.isVisible());
+    QVERIFY(!QFile::exists(s.Settings() + "/TimeImport_EarnCodes.dat") ||
+            !Contents(s.Settings() + "/TimeImport_EarnCodes.dat").contains("\"77\""));
+    Click(w->Widget(cmdAssEcodes));
+    QVERIFY(form.NoteLine()->text().isEmpty());
+    QTest::keyClick(form.Grid(), Qt::Key_Escape);
+    QVERIFY(!form.isVisible());
+  }
+
   // The segment lengths check themselves as they are typed; the form saves what it shows.
   void timeManagerFormKeepsSegmentsWithinFifteen() {
     Session s;

@@ -308,6 +308,53 @@ class WindowTest : public QObject {
     QVERIFY(hint->text().contains(QStringLiteral("Location 7 still names the files.")));
   }
 
+  // A press that found no time clock chosen leaves every later press doing nothing until a
+  // time clock is chosen: the status line says so, and choosing one brings the press back.
+  void statusLineExplainsAPressWithNoTimeClock() {
+    Session s;
+    QVERIFY(QFile::copy(QStringLiteral(CORVANE_EXAMPLES "/access.csv"), s.Home() + "/access.csv"));
+    Operator op;
+    auto w = s.Open(op);
+    QLabel* hint = w->HintLine();
+    ChooseTimeClock(*w, QStringLiteral("Access"));
+    auto* files = static_cast<QListWidget*>(w->Widget(filInput));
+    QTest::mouseClick(files->viewport(), Qt::LeftButton, {},
+                      files->visualItemRect(files->item(0)).center());
+    TypeInto(w->Widget(CorvaneOutputPath), s.Home());
+    static_cast<QListWidget*>(w->Widget(PickTC))->setCurrentRow(-1);
+    QVERIFY(!hint->text().contains(QStringLiteral("time clock")));
+    op.seen.clear();
+    Click(w->Widget(cmdInterface));
+    QCOMPARE(op.seen.size(), std::size_t{1});
+    QCOMPARE(op.seen[0].text, QStringLiteral("Must Choose a Time Clock system from the list"));
+    QVERIFY(hint->text().contains(QStringLiteral("until a time clock is chosen")));
+    Click(w->Widget(cmdInterface));  // kept: nothing at all
+    QCOMPARE(op.seen.size(), std::size_t{1});
+
+    ChooseTimeClock(*w, QStringLiteral("Access"));
+    QVERIFY(!hint->text().contains(QStringLiteral("time clock")));
+    Click(w->Widget(cmdInterface));
+    QCOMPARE(op.seen.size(), std::size_t{2});
+    QVERIFY(op.seen[1].text.startsWith(QStringLiteral("Import from Access Complete.")));
+  }
+
+  // The location group comes and goes whole: no label of it stands alone.
+  void locationGroupShowsWhole() {
+    Session s;
+    Operator op;
+    auto w = s.Open(op);
+    const Ctl group[] = {lblLocLook, labLocNum, LocNum, cmdLookup};
+    ChooseTimeClock(*w, QStringLiteral("Access"));
+    for (Ctl c : group) QVERIFY(!Shown(*w, c));
+    ChooseTimeClock(*w, QStringLiteral("AccroPrint v2.0"));
+    for (Ctl c : group) QVERIFY(Shown(*w, c));
+    // the group's heading is a heading over the whole group, its box included
+    const QRect heading = w->Widget(lblLocLook)->geometry();
+    const QRect box = w->Widget(LocNum)->geometry();
+    QVERIFY(heading.bottom() <= box.top());
+    QVERIFY(heading.right() >= box.left());
+  }
+
   // A time clock without its translator is greyed in the list with a note; one with it is not.
   void untranslatedClocksAreMarked() {
     Session s;
