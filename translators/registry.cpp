@@ -282,9 +282,16 @@ const Translator* FindTranslator(std::string_view name) {
       &kChronoTekTranslator,
 
       // Payroll, accounting and staffing exports
-      &kAmpayTranslator, &kPRCTranslator, &kSAGEMAS90Translator, &kDarwinTranslator,
-      &kdataSIGNTranslator, &keWorksTranslator, &kGenerationsXREFTranslator, &kOmniChromeTranslator,
-      &kQuickBooksTranslator, &kTempWizardTranslator,
+      &kAmpayTranslator,
+      &kPRCTranslator,
+      &kSAGEMAS90Translator,
+      &kDarwinTranslator,
+      &kdataSIGNTranslator,
+      &keWorksTranslator,
+      &kGenerationsXREFTranslator,
+      &kOmniChromeTranslator,
+      &kQuickBooksTranslator,
+      &kTempWizardTranslator,
 
       // ADI, BGS, Gradience, Homewatch and Lathem line and fixed exports
       &kADITranslator,

@@ -42,18 +42,16 @@ constexpr PayColumn kAmpayPay[] = {
     Dollars(19, Cat::e25), Dollars(20, Cat::e29), Dollars(21, Cat::e30), Dollars(22, Cat::e31),
 };
 
-constexpr ColumnMap kAmpay = [] {
-  ColumnMap m;
-  m.translator = "Ampay";
-  m.fields = 22;
-  m.text_fields = Bit(2);
-  m.employee = Field(1);
-  m.name = Field(3);
-  m.department = Field(4);
-  m.pay = kAmpayPay;
-  m.extra = AmpayDivisionBranch;
-  return m;
-}();
+constexpr ColumnMap kAmpay{
+    .translator = "Ampay",
+    .fields = 22,
+    .text_fields = Bit(2),
+    .employee = Field(1),
+    .name = Field(3),
+    .department = Field(4),
+    .pay = kAmpayPay,
+    .extra = AmpayDivisionBranch,
+};
 
 // The one box "Dept/Div/Br" takes the file's department, division and branch together.
 bool AmpayDivisionBranch(frmTimeImport& F) {
@@ -85,37 +83,33 @@ void AmpayHeading(frmTimeImport& F) {
 // ---------------------------------------------------------------------------------------------
 // "PRC": one pay line a record, the earning code and its D-or-E given by the file.
 
-constexpr ColumnMap kPRC = [] {
-  ColumnMap m;
-  m.translator = "PRC";
-  m.fields = 6;
-  m.text_fields = Bit(3) | Bit(4);
-  m.employee = Field(1);
-  m.name = Field(2);
-  m.code_rule = CodeRule::FromRecord;
-  m.code = Field(4);
-  m.dore = Field(3);
-  m.code_hours = Field(5);
-  m.code_dollars = Field(6);
-  return m;
-}();
+constexpr ColumnMap kPRC{
+    .translator = "PRC",
+    .fields = 6,
+    .text_fields = Bit(3) | Bit(4),
+    .employee = Field(1),
+    .name = Field(2),
+    .code_rule = CodeRule::FromRecord,
+    .code = Field(4),
+    .dore = Field(3),
+    .code_hours = Field(5),
+    .code_dollars = Field(6),
+};
 
 // ---------------------------------------------------------------------------------------------
 // "Sage (Mas90)": one pay line a record under a Mas90 earnings code.
 
 bool SAGEMAS90(frmTimeImport& F);
 
-constexpr ColumnMap kSage = [] {
-  ColumnMap m;
-  m.translator = "SAGEMAS90";
-  m.fields = 6;
-  m.text_fields = Bit(3);
-  m.employee = Field(1);
-  m.name = Field(2);
-  m.payrate = Field(5);
-  m.extra = SAGEMAS90;
-  return m;
-}();
+constexpr ColumnMap kSage{
+    .translator = "SAGEMAS90",
+    .fields = 6,
+    .text_fields = Bit(3),
+    .employee = Field(1),
+    .name = Field(2),
+    .payrate = Field(5),
+    .extra = SAGEMAS90,
+};
 
 // The earnings codes the screen shows, each under its box.
 struct SageCode {
@@ -187,21 +181,19 @@ constexpr PayCode kDarwinCodes[] = {
     {"Hol", Cat::Hol},
 };
 
-constexpr ColumnMap kDarwin = [] {
-  ColumnMap m;
-  m.translator = "Darwin";
-  m.fields = 5;
-  m.text_fields = Bit(3);
-  m.heading_lines = 1;
-  m.employee = Field(1);
-  m.name = Field(2);
-  m.code_rule = CodeRule::Lookup;
-  m.code = Field(3);
-  m.code_hours = Field(4);
-  m.code_dollars = Field(5);
-  m.codes = kDarwinCodes;
-  return m;
-}();
+constexpr ColumnMap kDarwin{
+    .translator = "Darwin",
+    .fields = 5,
+    .text_fields = Bit(3),
+    .heading_lines = 1,
+    .employee = Field(1),
+    .name = Field(2),
+    .code_rule = CodeRule::Lookup,
+    .code = Field(3),
+    .code_hours = Field(4),
+    .code_dollars = Field(5),
+    .codes = kDarwinCodes,
+};
 
 // ---------------------------------------------------------------------------------------------
 // "dataSIGN": one employee a record, hours by column.
@@ -211,17 +203,15 @@ constexpr PayColumn kDataSIGNPay[] = {
     Hours(7, Cat::Tips), Hours(8, Cat::Sales), Hours(9, Cat::Hol),
 };
 
-constexpr ColumnMap kDataSIGN = [] {
-  ColumnMap m;
-  m.translator = "dataSIGN";
-  m.fields = 9;
-  m.heading_lines = 1;
-  m.employee = Field(1);
-  m.name = Field(2);
-  m.first_name = Field(3);
-  m.pay = kDataSIGNPay;
-  return m;
-}();
+constexpr ColumnMap kDataSIGN{
+    .translator = "dataSIGN",
+    .fields = 9,
+    .heading_lines = 1,
+    .employee = Field(1),
+    .name = Field(2),
+    .first_name = Field(3),
+    .pay = kDataSIGNPay,
+};
 
 // ---------------------------------------------------------------------------------------------
 // "eWorks": one employee a record, a column for each of its pay codes.
@@ -234,80 +224,70 @@ constexpr PayColumn kEWorksPay[] = {
     Hours(19, Cat::WaitOT), Dollars(20, Cat::CCTips),
 };
 
-constexpr ColumnMap kEWorks = [] {
-  ColumnMap m;
-  m.translator = "eWorks";
-  m.fields = 20;
-  m.heading_lines = 1;
-  m.employee = Field(1);
-  m.name = Field(2);
-  m.pay = kEWorksPay;
-  return m;
-}();
+constexpr ColumnMap kEWorks{
+    .translator = "eWorks",
+    .fields = 20,
+    .heading_lines = 1,
+    .employee = Field(1),
+    .name = Field(2),
+    .pay = kEWorksPay,
+};
 
 // ---------------------------------------------------------------------------------------------
 // "Generations (xRef)": one pay line a record, already cross-referenced to its earning code.
 
-constexpr ColumnMap kGenerationsXREF = [] {
-  ColumnMap m;
-  m.translator = "GenerationsXREF";
-  m.fields = 7;
-  m.text_fields = Bit(4) | Bit(5);
-  m.heading_lines = 1;
-  m.employee = Field(1);
-  m.name = Field(2);
-  m.code_rule = CodeRule::FromRecord;
-  m.code = Field(5);
-  m.dore = Field(4);
-  m.code_hours = Field(6);
-  m.code_dollars = Field(7);
-  return m;
-}();
+constexpr ColumnMap kGenerationsXREF{
+    .translator = "GenerationsXREF",
+    .fields = 7,
+    .text_fields = Bit(4) | Bit(5),
+    .heading_lines = 1,
+    .employee = Field(1),
+    .name = Field(2),
+    .code_rule = CodeRule::FromRecord,
+    .code = Field(5),
+    .dore = Field(4),
+    .code_hours = Field(6),
+    .code_dollars = Field(7),
+};
 
 // ---------------------------------------------------------------------------------------------
 // "OmniChrome", "QuickBooks", "Temp Wizard": one employee a record, figures by column.
 
 constexpr PayColumn kOmniChromePay[] = {Hours(3, Cat::Reg), Hours(4, Cat::OT)};
 
-constexpr ColumnMap kOmniChrome = [] {
-  ColumnMap m;
-  m.translator = "OmniChrome";
-  m.fields = 5;
-  m.heading_lines = 1;
-  m.employee = Field(1);
-  m.name = Field(2);
-  m.pay = kOmniChromePay;
-  return m;
-}();
+constexpr ColumnMap kOmniChrome{
+    .translator = "OmniChrome",
+    .fields = 5,
+    .heading_lines = 1,
+    .employee = Field(1),
+    .name = Field(2),
+    .pay = kOmniChromePay,
+};
 
 constexpr PayColumn kQuickBooksPay[] = {Hours(3, Cat::Reg), Hours(4, Cat::OT)};
 
-constexpr ColumnMap kQuickBooks = [] {
-  ColumnMap m;
-  m.translator = "QuickBooks";
-  m.fields = 4;
-  m.heading_lines = 1;
-  m.employee = Field(2);
-  m.name = Field(1);
-  m.pay = kQuickBooksPay;
-  return m;
-}();
+constexpr ColumnMap kQuickBooks{
+    .translator = "QuickBooks",
+    .fields = 4,
+    .heading_lines = 1,
+    .employee = Field(2),
+    .name = Field(1),
+    .pay = kQuickBooksPay,
+};
 
 constexpr PayColumn kTempWizardPay[] = {
     Hours(4, Cat::Reg), Hours(5, Cat::OT),   Dollars(6, Cat::AdjD), Hours(7, Cat::Hol),
     Hours(8, Cat::Dbl), Hours(9, Cat::Tips), Dollars(10, Cat::e29), Dollars(11, Cat::e30),
 };
 
-constexpr ColumnMap kTempWizard = [] {
-  ColumnMap m;
-  m.translator = "TempWizard";
-  m.fields = 11;
-  m.heading_lines = 1;
-  m.employee = Field(1);
-  m.name = Field(2);
-  m.pay = kTempWizardPay;
-  return m;
-}();
+constexpr ColumnMap kTempWizard{
+    .translator = "TempWizard",
+    .fields = 11,
+    .heading_lines = 1,
+    .employee = Field(1),
+    .name = Field(2),
+    .pay = kTempWizardPay,
+};
 
 constexpr Translator AmpayTranslator() {
   Translator t = MapTranslator<kAmpay>(MapInput::CommaFields);
