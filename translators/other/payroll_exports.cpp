@@ -3,7 +3,8 @@
 // "Temp Wizard". Each is a plain map of its columns; code stands only where a table cannot say
 // it: Ampay's one box over three fields and its file names, and Sage's code table, grid and
 // exception file. The layouts are told in docs/formats/.
-#include <array>
+#include <cstddef>
+#include <cstdint>
 #include <string>
 
 #include "pipeline/coded_columns.hpp"
@@ -139,6 +140,7 @@ int SageDesignation(std::string_view code) {
 
 // The identity is filled; the record goes out once, as hours when it has some, else as
 // dollars, under its code's box, or through the company's table, or into the exception file.
+// It writes the record itself, so the shape is left nothing to write.
 bool SAGEMAS90(frmTimeImport& F) {
   auto& f = F.Fields<Fields<kSage>>().f;
   ImportRecord& r = F.ImportRec;
