@@ -46,6 +46,16 @@ int Refused(const std::string& why) {
   return 1;
 }
 
+// A form's Save says so when its file could not be replaced; the file is then as it was.
+constexpr int kSaveFailed = 3;
+
+template <class Save>
+int SaveAs(SettingsOperator& ui, Save save) {
+  const int before = ui.messages;
+  save();
+  return ui.messages > before ? kSaveFailed : 0;
+}
+
 constexpr std::string_view kCustomTargets[] = {"job", "division", "branch"};
 
 int CustomIndex(const std::string& word) {
@@ -234,8 +244,7 @@ int SettingsCommands::CodesSet() {
       return Refused(std::string(edit.column) + " takes a whole number, not \"" + edit.text + "\"");
     }
   }
-  s.F.ECode.cmdCloseForm_Click();
-  return 0;
+  return SaveAs(s.ui, [&] { s.F.ECode.cmdCloseForm_Click(); });
 }
 
 int SettingsCommands::CodesDelete() {
@@ -246,8 +255,7 @@ int SettingsCommands::CodesDelete() {
   for (std::size_t row = grid.RowCount(); row-- > 0;) {
     if (grid.Row(row).HrsPos == category_) grid.DeleteRow(row);
   }
-  s.F.ECode.cmdCloseForm_Click();
-  return 0;
+  return SaveAs(s.ui, [&] { s.F.ECode.cmdCloseForm_Click(); });
 }
 
 int SettingsCommands::Kronos8(bool set) {
@@ -264,8 +272,7 @@ int SettingsCommands::Kronos8(bool set) {
       else
         SelectIndex(form.List[n], CustomIndex(custom_[n]));
     }
-    form.cmdClose_Click();
-    return 0;
+    return SaveAs(s.ui, [&] { form.cmdClose_Click(); });
   }
   PrintChoices(form, company_);
   for (int n = 0; n < 6; ++n) {
@@ -290,8 +297,7 @@ int SettingsCommands::TimeManager(bool set) {
       if (!include_[seg].empty()) form.SetText(*includes[seg], include_[seg]);
     }
     if (s.ui.messages > 0) return Refused("a segment length was refused");
-    form.cmdClose_Click();
-    return 0;
+    return SaveAs(s.ui, [&] { form.cmdClose_Click(); });
   }
   PrintChoices(form, company_);
   for (int seg = 0; seg < 4; ++seg) {

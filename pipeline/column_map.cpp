@@ -188,6 +188,12 @@ Value Get(const frmTimeImport& F, const ColumnMap& map, std::span<const Value> f
   return Value(slice);
 }
 
+bool Tipped(const frmTimeImport& F, const ColumnMap& map, std::span<const Value> fields) {
+  if (!map.rate.given()) return false;
+  const Value rate = Get(F, map, fields, map.rate);
+  return rate.IsNumeric() && Below(rate, Value(F.S[txtMinWage].text));
+}
+
 bool ReadRecord(frmTimeImport& F, const ColumnMap& map, std::span<Value> fields) {
   InputFile& file = F.File(1);
   std::string text;
@@ -231,6 +237,7 @@ void Translate(frmTimeImport& F, const ColumnMap& map, std::span<Value> fields) 
   if (F.ImportRec.Employee_no.str().empty()) return;
   if (map.extra && !map.extra(F)) return;
 
+  const bool tipped = Tipped(F, map, fields);
   for (const PayColumn& pay : map.pay) {
     Value figure = Get(F, map, fields, pay.column);
     if (pay.kind == Figure::Dollars) figure = WithoutDollar(std::move(figure));
@@ -238,7 +245,7 @@ void Translate(frmTimeImport& F, const ColumnMap& map, std::span<Value> fields) 
     if (pay.position > 0) {
       WriteGrid(F, pay.position, figure);
     } else {
-      WriteFigure(F, map, figure, pay.kind, pay.category);
+      WriteFigure(F, map, figure, pay.kind, tipped && pay.to_wait ? pay.wait : pay.category);
     }
   }
   WriteByCode(F, map, fields);

@@ -44,6 +44,9 @@ struct PayColumn {
   Figure kind = Figure::Hours;
   Cat category = Cat::Reg;
   int position = 0;
+  // Tipped staff (the map's `rate` below txtMinWage) are paid under `wait` instead.
+  bool to_wait = false;
+  Cat wait = Cat::WaitReg;
 };
 
 // A pay code of the record's code column, the category it is paid under and its figure.
@@ -98,6 +101,10 @@ struct ColumnMap {
   Column ssn{};         // chkSSN: picture "000000000" where numeric, all zeros blanked
   // Seq from the file; "1" without it.
   Column seq{};
+  // The record's pay rate, tested against txtMinWage: a rate below it marks tipped staff, whose
+  // figures go out under their columns' wait categories. A blank or non-numeric rate marks
+  // nobody.
+  Column rate{};
 
   // The figures, each under its category, in the order they go out.
   std::span<const PayColumn> pay{};
@@ -133,6 +140,8 @@ void Translate(frmTimeImport& F, const ColumnMap& map, std::span<Value> fields);
 // The value of a column of the record just read, trimmed (a slice's implied places applied).
 Value Get(const frmTimeImport& F, const ColumnMap& map, std::span<const Value> fields,
           const Column& column);
+// Whether the record's rate marks tipped staff: numeric and below txtMinWage.
+bool Tipped(const frmTimeImport& F, const ColumnMap& map, std::span<const Value> fields);
 
 inline constexpr int kMaxFields = 63;
 

@@ -202,19 +202,25 @@ void frmTimeImport::InitFiles() {
   // The first call of the all-companies run comes before any company is known.
   if (qsr && QsrOUTFileCount == 1 && S.Checked(chkAll)) return;
 
+  // Each company of a "QsrSoft" export gets its files in turn: the files of the company
+  // before are closed first, so that the run's one audit file and the management file start
+  // afresh with the new company and the import file of the one before stays as written. A
+  // file of the company before that could not be written whole ends the reading here.
+  if (qsr) {
+    CloseOutputStreams();
+    if (ExceptionStream) ExceptionStream->Close();
+    OutputStream.reset();
+    AuditStream.reset();
+    ExceptionStream.reset();
+  }
+
   output_missing_ = false;
   try {
     if (!fs.folderexists(Output_Path.str())) fs.CreateFolder(Output_Path.str());
-    // Each company of a "QsrSoft" export gets its files in turn: the streams of the company
-    // before are let go, so that the run's one audit file and the management file start
-    // afresh with the new company, and the import file of the one before stays as written.
-    if (qsr) OutputStream.reset();
     OutputStream = fs.createtextfile(OUTFile.str(), true);
-    if (qsr) AuditStream.reset();
     AuditStream = fs.createtextfile(AuditFile.str(), true);
     summary_.BeginFile(OUTFile.str(), false);
     if (qsr) {
-      ExceptionStream.reset();
       ExceptionStream = fs.createtextfile(OtherOUTFile, true);
       summary_.BeginFile(OtherOUTFile, true);
     }
@@ -250,8 +256,18 @@ void frmTimeImport::CloseFiles() {
     ClearData();
     return;
   }
-  OutputStream->Close();
-  AuditStream->Close();
+  // A file that could not be written whole ends the run with its error before the report
+  // can call it ready. The exception file stays open for the run after, but what it was
+  // given must be on the disk first.
+  CloseOutputStreams();
+  if (ExceptionStream) {
+    try {
+      ExceptionStream->Flush();
+    } catch (const RuntimeError&) {
+      ExceptionStream.reset();
+      throw;
+    }
+  }
   File(1).Close();
   File(9).Close();
   rsECodes.reset();
@@ -276,6 +292,18 @@ void frmTimeImport::CloseFiles() {
   MsgBox(report, MsgButtons::OKOnly, "Corvane");
   reported_ = true;
   ClearData();
+}
+
+void frmTimeImport::CloseOutputStreams() {
+  int failure = 0;
+  for (std::unique_ptr<TextStream>* stream : {&OutputStream, &AuditStream}) {
+    try {
+      if (*stream) (*stream)->Close();
+    } catch (const RuntimeError& error) {
+      if (failure == 0) failure = error.number();
+    }
+  }
+  if (failure != 0) Raise(failure);
 }
 
 Value frmTimeImport::ExtractInputPath() const {

@@ -7,7 +7,11 @@
 namespace corvane {
 
 frmTimeImport::frmTimeImport(Operator& ui_, Environment env_)
-    : ui(ui_), env(std::move(env_)), Kv8(ui, S, env.settings_dir), TMdept(ui, S, env.settings_dir) {
+    : ui(ui_),
+      env(std::move(env_)),
+      ECode(ui),
+      Kv8(ui, S, env.settings_dir),
+      TMdept(ui, S, env.settings_dir) {
   Control& list = S[PickTC];
   for (std::string_view name : CatalogueNames()) list.items.emplace_back(name);
 }

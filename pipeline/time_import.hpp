@@ -194,6 +194,8 @@ class frmTimeImport {
  private:
   void Dispatch();
   void BuildOutputName();
+  // Closes the import and audit files, both of them, then raises the first failure.
+  void CloseOutputStreams();
   // The writers' first steps: the drop rules and the shift; false drops the record.
   bool KeepRecord(bool x_passes);
   void BuildLine(bool other);

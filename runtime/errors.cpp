@@ -18,6 +18,10 @@ std::string ErrorDescription(int number) {
       return "Bad file name or number";
     case kFileNotFound:
       return "File not found";
+    case kDeviceIO:
+      return "Device I/O error";
+    case kDiskFull:
+      return "Disk full";
     case kInputPastEnd:
       return "Input past end of file";
     case kFileAlreadyExists:

@@ -1,8 +1,12 @@
 #include "runtime/filesystem.hpp"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <system_error>
 
@@ -14,13 +18,86 @@ namespace {
 
 constexpr std::size_t kStreamBuffer = 1 << 16;
 
+FileOps system_ops;
+std::atomic<FileOps*> ops_in_force{&system_ops};
+
+FileOps& Ops() {
+  return *ops_in_force.load();
+}
+
 std::filesystem::path Absolute(std::string_view path) {
   std::error_code ec;
   auto p = std::filesystem::absolute(std::filesystem::path(path), ec);
   return ec ? std::filesystem::path(path) : p.lexically_normal();
 }
 
+// A name in the target's folder that no other saver uses: the process and a count within it
+// tell savers apart, and the exclusive create makes sure of it.
+std::string ReplacementName(const std::filesystem::path& target, int attempt) {
+  static std::atomic<unsigned long> count{0};
+  std::string name = "." + target.filename().string() + "." + std::to_string(::getpid()) + "." +
+                     std::to_string(count.fetch_add(1)) + "." + std::to_string(attempt) + ".new";
+  return (target.parent_path() / name).string();
+}
+
+// The folder entry of a rename is made durable where the system allows; a folder that cannot
+// be synced still holds the new name.
+void SyncFolder(const std::filesystem::path& folder) {
+  const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (fd < 0) return;
+  ::fsync(fd);
+  ::close(fd);
+}
+
 }  // namespace
+
+int FileOps::Open(const char* path, int flags, unsigned mode) {
+  int fd;
+  do {
+    fd = ::open(path, flags, static_cast<mode_t>(mode));
+  } while (fd < 0 && errno == EINTR);
+  return fd;
+}
+
+long FileOps::Write(int fd, const char* data, std::size_t size) {
+  return static_cast<long>(::write(fd, data, size));
+}
+
+int FileOps::Sync(int fd) {
+  return ::fsync(fd);
+}
+
+int FileOps::Close(int fd) {
+  return ::close(fd);
+}
+
+int FileOps::Rename(const char* from, const char* to) {
+  return std::rename(from, to);
+}
+
+int FileOps::Unlink(const char* path) {
+  return ::unlink(path);
+}
+
+FileOps* SetFileOps(FileOps* ops) {
+  return ops_in_force.exchange(ops != nullptr ? ops : &system_ops);
+}
+
+int FileErrorNumber(int error_code) {
+  switch (error_code) {
+    case ENOSPC:
+    case EDQUOT:
+      return kDiskFull;
+    case EIO:
+      return kDeviceIO;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return kPermissionDenied;
+    default:
+      return kPathFileAccess;
+  }
+}
 
 std::string JoinPath(std::string_view folder, std::string_view name) {
   std::string path;
@@ -31,28 +108,117 @@ std::string JoinPath(std::string_view folder, std::string_view name) {
   return path;
 }
 
-TextStream::TextStream(FileSystem* owner, std::string path, std::FILE* file)
-    : owner_(owner), path_(std::move(path)), file_(file), buffer_(new char[kStreamBuffer]) {
-  std::setvbuf(file_, buffer_.get(), _IOFBF, kStreamBuffer);
-}
+TextStream::TextStream(FileSystem* owner, std::string path, int fd, std::string temp)
+    : owner_(owner),
+      path_(std::move(path)),
+      temp_(std::move(temp)),
+      fd_(fd),
+      buffer_(new char[kStreamBuffer]) {}
 
 TextStream::~TextStream() {
-  Close();
+  // A stream let go without Close keeps what it can; a replacement never finished is
+  // dropped, and the file it was to replace stays as it was.
+  if (fd_ >= 0 && temp_.empty() && failure_ == 0) {
+    try {
+      Drain();
+    } catch (const RuntimeError&) {
+    }
+  }
+  Release();
 }
 
-void TextStream::WriteLine(std::string_view line) {
-  if (file_ == nullptr) Raise(kBadFileNameOrNumber);
-  if (std::fwrite(line.data(), 1, line.size(), file_) != line.size() ||
-      std::fwrite("\r\n", 1, 2, file_) != 2) {
-    Raise(kPathFileAccess);
+void TextStream::Release() noexcept {
+  if (fd_ >= 0) {
+    Ops().Close(fd_);
+    fd_ = -1;
+    if (!temp_.empty()) Ops().Unlink(temp_.c_str());
+  }
+  if (owner_ != nullptr) {
+    owner_->open_.erase(path_);
+    owner_ = nullptr;
   }
 }
 
+void TextStream::Fail(int number) {
+  if (failure_ == 0) failure_ = number;
+  Raise(failure_);
+}
+
+void TextStream::WriteOut(const char* data, std::size_t size) {
+  while (size > 0) {
+    const long n = Ops().Write(fd_, data, size);
+    if (n < 0) {
+      if (errno == EINTR) continue;
+      Fail(FileErrorNumber(errno));
+    }
+    // a disk that takes nothing more without saying why is full
+    if (n == 0) Fail(kDiskFull);
+    data += n;
+    size -= static_cast<std::size_t>(n);
+  }
+}
+
+void TextStream::Drain() {
+  const std::size_t size = used_;
+  used_ = 0;
+  WriteOut(buffer_.get(), size);
+}
+
+void TextStream::WriteLine(std::string_view line) {
+  if (failure_ != 0) Raise(failure_);
+  if (fd_ < 0) Raise(kBadFileNameOrNumber);
+  const std::size_t size = line.size() + 2;
+  if (used_ + size > kStreamBuffer) Drain();
+  if (size > kStreamBuffer) {
+    WriteOut(line.data(), line.size());
+    WriteOut("\r\n", 2);
+    return;
+  }
+  char* at = buffer_.get() + used_;
+  std::memcpy(at, line.data(), line.size());
+  at[line.size()] = '\r';
+  at[line.size() + 1] = '\n';
+  used_ += size;
+}
+
+void TextStream::Flush() {
+  if (failure_ != 0) Raise(failure_);
+  if (fd_ < 0) return;
+  Drain();
+}
+
 void TextStream::Close() {
-  if (file_ == nullptr) return;
-  std::fclose(file_);
-  file_ = nullptr;
-  if (owner_ != nullptr) owner_->open_.erase(path_);
+  if (failure_ != 0) {
+    Release();
+    Raise(failure_);
+  }
+  if (fd_ < 0) return;
+  try {
+    Drain();
+    if (!temp_.empty() && Ops().Sync(fd_) != 0) Fail(FileErrorNumber(errno));
+  } catch (const RuntimeError&) {
+    Release();
+    throw;
+  }
+  const int fd = fd_;
+  fd_ = -1;
+  const bool closed = Ops().Close(fd) == 0;
+  const int close_error = errno;
+  if (!temp_.empty()) {
+    if (closed && Ops().Rename(temp_.c_str(), path_.c_str()) == 0) {
+      SyncFolder(std::filesystem::path(path_).parent_path());
+      temp_.clear();
+    } else {
+      const int rename_error = errno;
+      Ops().Unlink(temp_.c_str());
+      temp_.clear();
+      failure_ = FileErrorNumber(closed ? rename_error : close_error);
+    }
+  } else if (!closed) {
+    failure_ = FileErrorNumber(close_error);
+  }
+  Release();
+  if (failure_ != 0) Raise(failure_);
 }
 
 bool FileSystem::folderexists(std::string_view path) const {
@@ -72,7 +238,9 @@ void FileSystem::CreateFolder(std::string_view path) {
   if (std::filesystem::exists(p, ec)) Raise(kFileAlreadyExists);
   std::filesystem::path parent = Absolute(path).parent_path();
   if (!std::filesystem::is_directory(parent, ec)) Raise(kPathNotFound);
-  if (!std::filesystem::create_directory(p, ec) || ec) Raise(kPathFileAccess);
+  if (!std::filesystem::create_directory(p, ec) || ec) {
+    Raise(ec ? FileErrorNumber(ec.value()) : kPathFileAccess);
+  }
 }
 
 std::unique_ptr<TextStream> FileSystem::createtextfile(std::string_view path, bool overwrite) {
@@ -84,12 +252,32 @@ std::unique_ptr<TextStream> FileSystem::createtextfile(std::string_view path, bo
   std::filesystem::path parent = Absolute(path).parent_path();
   if (!std::filesystem::is_directory(parent, ec)) Raise(kPathNotFound);
   if (std::filesystem::is_directory(p, ec)) Raise(kPathFileAccess);
-  if (!overwrite && std::filesystem::exists(p, ec)) Raise(kFileAlreadyExists);
-  std::FILE* f = std::fopen(std::string(path).c_str(), "wb");
-  if (f == nullptr) Raise(errno == EACCES ? kPermissionDenied : kPathFileAccess);
+  // Without overwrite the create is exclusive: an existing file is never emptied.
+  const int flags = O_WRONLY | O_CREAT | O_CLOEXEC | (overwrite ? O_TRUNC : O_EXCL);
+  const int fd = Ops().Open(std::string(path).c_str(), flags, 0666);
+  if (fd < 0) Raise(errno == EEXIST ? kFileAlreadyExists : FileErrorNumber(errno));
   open_.insert(key);
-  auto stream = std::unique_ptr<TextStream>(new TextStream(this, key, f));
-  return stream;
+  return std::unique_ptr<TextStream>(new TextStream(this, key, fd, ""));
+}
+
+std::unique_ptr<TextStream> FileSystem::createreplacement(std::string_view path) {
+  if (path.empty()) Raise(kBadFileNameOrNumber);
+  std::error_code ec;
+  const std::filesystem::path target = Absolute(path);
+  if (!std::filesystem::is_directory(target.parent_path(), ec)) Raise(kPathNotFound);
+  if (std::filesystem::is_directory(target, ec)) Raise(kPathFileAccess);
+  for (int attempt = 0;; ++attempt) {
+    std::string temp = ReplacementName(target, attempt);
+    const int fd = Ops().Open(temp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (fd < 0) {
+      if (errno == EEXIST && attempt < 100) continue;
+      Raise(FileErrorNumber(errno));
+    }
+    // The new file keeps the old one's permissions.
+    struct stat old;
+    if (::stat(target.c_str(), &old) == 0) ::fchmod(fd, old.st_mode & 07777);
+    return std::unique_ptr<TextStream>(new TextStream(nullptr, target.string(), fd, temp));
+  }
 }
 
 }  // namespace corvane

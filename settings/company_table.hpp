@@ -45,12 +45,13 @@ Row& CompanyRow(Recordset<Row>& table, const std::string& company) {
   return table.Current();
 }
 
-// Rewrites the file from every company's row, in table order; the filter stays cleared.
+// Replaces the file with every company's row, in table order; the filter stays cleared. A
+// save that fails raises and leaves the file as it was.
 template <class Row, class LineOf>
 void SaveCompanyTable(Recordset<Row>& table, const std::string& folder, std::string_view file,
                       LineOf line_of) {
   FileSystem fs;
-  auto out = fs.createtextfile(SettingsPath(folder, file), true);
+  auto out = fs.createreplacement(SettingsPath(folder, file));
   table.ClearFilter();
   for (; !table.EOF_(); table.MoveNext()) out->WriteLine(line_of(table.Current()));
   out->Close();

@@ -209,10 +209,11 @@ void frmTimeImport::Form_Unload() {
   } catch (const RuntimeError&) {
   }
   try {
-    // Both files are emptied before anything is written: a failure in the control file
-    // leaves the location table empty.
-    std::unique_ptr<TextStream> control = fs.createtextfile(ControlFile, true);
-    std::unique_ptr<TextStream> locations = fs.createtextfile(LocFile, true);
+    // Each file is written whole under a new name and takes its own name only when
+    // complete: a failure leaves the file it was to replace as it was, and a failure in the
+    // control file leaves the location table untouched.
+    std::unique_ptr<TextStream> control = fs.createreplacement(ControlFile);
+    std::unique_ptr<TextStream> locations = fs.createreplacement(LocFile);
 
     static const std::string kSpaces(kLineWidth, ' ');
     std::string line;

@@ -9,6 +9,7 @@
 #include "runtime/filesystem.hpp"
 #include "screen/operator.hpp"
 #include "screen/screen.hpp"
+#include "settings/settings_file.hpp"
 
 namespace corvane {
 
@@ -166,7 +167,7 @@ void frmECode::cmdCloseForm_Click() {
     rs.ClearFilter();
     rs.MoveFirst();
     FileSystem fs;
-    std::unique_ptr<TextStream> out = fs.createtextfile(data->path(), true);
+    std::unique_ptr<TextStream> out = fs.createreplacement(data->path());
     while (!rs.EOF_()) {
       ECodeRow& row = rs.Current();
       MendECodeRow(row);
@@ -175,8 +176,10 @@ void frmECode::cmdCloseForm_Click() {
     }
     out->Close();
     // The table is done with: the next "Assign Earning Codes" reads a new one from the file.
-  } catch (const RuntimeError&) {
-    // A save that fails says nothing; the file keeps the lines written before the failure.
+  } catch (const RuntimeError& error) {
+    // The file is replaced only once written whole, so a save that fails leaves it as it
+    // was; the operator is told so.
+    ui_.MsgBox(SaveFailedText(kEarnCodesNotSaved, error), MsgButtons::OKOnly, "Corvane");
   }
   ECodeGrid.Bind(nullptr);
   visible = false;

@@ -88,18 +88,23 @@ class frmECode {
   static constexpr std::string_view kCmdCloseFormCaption = "Save Changes";
   static constexpr std::string_view kCndCancelCaption = "Cancel";
 
+  explicit frmECode(Operator& ui) : ui_(ui) {}
+
   DataGrid ECodeGrid;
   bool visible = false;
 
   // Shows the form without blocking the main screen.
   void Show() { visible = true; }
 
-  // "Save Changes": writes the rows of every company, mended, to the file the bound table
-  // came from, then unbinds and hides. Any failure unbinds and hides at once with no
-  // message, the file left as far as it was written.
+  // "Save Changes": replaces the file the bound table came from with the rows of every
+  // company, mended, then unbinds and hides. Any failure unbinds and hides at once, the
+  // file left as it was, after saying that the codes were not saved.
   void cmdCloseForm_Click();
   // "Cancel": hides the form. The edits stay in the bound table and nothing is saved.
   void cndCancel_Click() { visible = false; }
+
+ private:
+  Operator& ui_;
 };
 
 // A click on the main screen's cmdAssEcodes ("Assign Earning Codes"): a new table for the

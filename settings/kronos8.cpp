@@ -146,7 +146,14 @@ void frmKv8::cmdClose_Click() {
   row.PayRat = rdoPRyes.value == 1;
   row.Dept = rdoDeptYes.value == 1;
   for (std::size_t i = 0; i < List.size(); ++i) row.Cus[i] = List[i].list_index;
-  SaveCompanyTable(rsK8, settings_dir_, kK8FileName, K8Line);
+  try {
+    SaveCompanyTable(rsK8, settings_dir_, kK8FileName, K8Line);
+  } catch (const RuntimeError& error) {
+    // The file keeps what was saved before; the form stays open with the operator's choices,
+    // so that Save can be pressed again.
+    ui_.MsgBox(SaveFailedText(kK8NotSaved, error), MsgButtons::OKOnly, "Corvane");
+    return;
+  }
   Hide();
 }
 

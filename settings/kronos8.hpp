@@ -67,9 +67,9 @@ class frmKv8 : public CompanyChoices {
   void List_DblClick(int n);
   // Discards what was changed on the form and hides it.
   void cmdCancel_Click();
-  // "Save": writes the controls into the company's row and rewrites the file from the whole
-  // table. A failure (a company holding an apostrophe, a file that cannot be made) raises to
-  // the caller and leaves the form shown.
+  // "Save": writes the controls into the company's row and replaces the file with the whole
+  // table. A company holding an apostrophe raises to the caller; a file that cannot be
+  // replaced is left as it was, with a message, and the form stays shown.
   void cmdClose_Click();
   // Shown without blocking the main screen.
   void Show() { visible = true; }

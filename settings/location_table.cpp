@@ -21,8 +21,12 @@ void frmTimeImport::cmdLookup_Click() {
     try {
       in.Open(LocFile, OpenMode::Text);
     } catch (const RuntimeError&) {
-      // A missing file is made empty here; a missing folder is not made.
-      fs.createtextfile(LocFile, true)->Close();
+      // A missing file is made empty here; a missing folder is not made. The create is
+      // exclusive, so a file that exists but could not be read is never emptied.
+      try {
+        fs.createtextfile(LocFile, false)->Close();
+      } catch (const RuntimeError&) {
+      }
       in.Open(LocFile, OpenMode::Text);
     }
   } catch (const RuntimeError&) {

@@ -20,8 +20,22 @@ void OpenSettingsFile(InputFile& in, const std::string& folder, const std::strin
     if (!fs.folderexists(folder)) fs.CreateFolder(folder);
   } catch (const RuntimeError&) {
   }
-  fs.createtextfile(path, true)->Close();
+  // The create is exclusive: a file that exists but could not be read is never emptied, and
+  // the second open raises its own error.
+  try {
+    fs.createtextfile(path, false)->Close();
+  } catch (const RuntimeError&) {
+  }
   in.Open(path, OpenMode::Text);
+}
+
+std::string SaveFailedText(std::string_view headline, const RuntimeError& error) {
+  std::string text(headline);
+  text += "\r\r";
+  text += error.description();
+  text += "\r\r";
+  text += kSavedBeforeKept;
+  return text;
 }
 
 }  // namespace corvane

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "runtime/errors.hpp"
 #include "runtime/infile.hpp"
 
 namespace corvane {
@@ -13,6 +14,16 @@ inline constexpr std::string_view kLocFileName = "LocFile.dat";
 inline constexpr std::string_view kEarnCodesFileName = "TimeImport_EarnCodes.dat";
 inline constexpr std::string_view kK8FileName = "TimeImport_K8settings.dat";
 inline constexpr std::string_view kTMFileName = "TimeImport_TMsettings.dat";
+
+// What a form's Save says when its file could not be replaced: the headline names the
+// settings, the system's error follows, and the operator is told that the file holds what
+// was saved before. Shown with an OK button and the title "Corvane".
+inline constexpr std::string_view kEarnCodesNotSaved = "The earning codes could not be saved.";
+inline constexpr std::string_view kK8NotSaved = "The Kronos 8 settings could not be saved.";
+inline constexpr std::string_view kTMNotSaved = "The Time Manager settings could not be saved.";
+inline constexpr std::string_view kSavedBeforeKept =
+    "The settings saved before are kept as they were.";
+std::string SaveFailedText(std::string_view headline, const RuntimeError& error);
 
 // The path of a settings file in the settings folder.
 std::string SettingsPath(std::string_view folder, std::string_view name);

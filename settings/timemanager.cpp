@@ -221,7 +221,14 @@ void frmTMdept::cmdClose_Click() {
   entered.TeamLen = ToLong(Value(TeamLen.text));
   entered.TeamInc = TeamInc.text;
   row = std::move(entered);
-  SaveCompanyTable(rsTM, settings_dir_, kTMFileName, TMLine);
+  try {
+    SaveCompanyTable(rsTM, settings_dir_, kTMFileName, TMLine);
+  } catch (const RuntimeError& error) {
+    // The file keeps what was saved before; the form stays open with the operator's choices,
+    // so that Save can be pressed again.
+    ui_.MsgBox(SaveFailedText(kTMNotSaved, error), MsgButtons::OKOnly, "Corvane");
+    return;
+  }
   Hide();
 }
 

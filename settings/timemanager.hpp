@@ -59,9 +59,9 @@ class frmTMdept : public CompanyChoices {
   void cmdTM_Click();
   // Discards what was changed on the form and hides it.
   void cmdCancel_Click();
-  // "Save": writes the controls into the company's row and rewrites the file from the whole
-  // table. A failure (a company holding an apostrophe, a file that cannot be made) raises to
-  // the caller and leaves the form shown.
+  // "Save": writes the controls into the company's row and replaces the file with the whole
+  // table. A company holding an apostrophe raises to the caller; a file that cannot be
+  // replaced is left as it was, with a message, and the form stays shown.
   void cmdClose_Click();
   void Show() { visible = true; }
   void Hide() { visible = false; }

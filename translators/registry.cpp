@@ -144,7 +144,19 @@ extern const Translator kLathem6Translator;
 extern const Translator kLathemPayClockProTranslator;
 extern const Translator kLathernTranslator;
 
-// line restaurant formats
+// IHOP8, Shoneys, Wheatfields, Archaic Beef, SAILOR Poll, PXP-Golden Corral, TMX, TimeTrax,
+// Lake Austin, Maddock and SEI
+extern const Translator kArchaicBeefTranslator;
+extern const Translator kIHOP8Translator;
+extern const Translator kLakeAustinTranslator;
+extern const Translator kMaddockTranslator;
+extern const Translator kSAILORPollTranslator;
+extern const Translator kSEITranslator;
+extern const Translator kShoneysTranslator;
+extern const Translator kTimeTraxTranslator;
+extern const Translator kWheatfieldsTranslator;
+extern const Translator kPXPTranslator;
+extern const Translator kTMXTranslator;
 
 // payroll services and punch clocks of fixed records and whole lines
 extern const Translator kPayChoiceTranslator;
@@ -306,7 +318,19 @@ const Translator* FindTranslator(std::string_view name) {
       &kLathemPayClockProTranslator,
       &kLathernTranslator,
 
-      // line restaurant formats
+      // IHOP8, Shoneys, Wheatfields, Archaic Beef, SAILOR Poll, PXP-Golden Corral, TMX,
+      // TimeTrax, Lake Austin, Maddock and SEI
+      &kArchaicBeefTranslator,
+      &kIHOP8Translator,
+      &kLakeAustinTranslator,
+      &kMaddockTranslator,
+      &kSAILORPollTranslator,
+      &kSEITranslator,
+      &kShoneysTranslator,
+      &kTimeTraxTranslator,
+      &kWheatfieldsTranslator,
+      &kPXPTranslator,
+      &kTMXTranslator,
 
       // payroll services and punch clocks of fixed records and whole lines
       &kPayChoiceTranslator,

@@ -494,6 +494,19 @@ const std::vector<Example>& BundledExamples() {
       {"adi-v9-4-1.txt", "ADI v9.4.1", {}, 4, 4},
 
       // line restaurant formats
+      // The trailer of Archaic Beef, the totals of IHOP8, SEI, Lake Austin and Wheatfields and
+      // the head and trailer of SAILOR Poll are not translated.
+      {"archaic-beef.txt", "Archaic Beef", {}, 6, 5},
+      {"maddock.txt", "Maddock", {}, 5, 4},
+      {"sei.txt", "SEI", {}, 3, 5},
+      {"lake-austin.txt", "Lake Austin", {}, 5, 5},
+      {"timetrax.txt", "TimeTrax", {}, 4, 7},
+      {"shoneys.csv", "Shoneys", {}, 4, 6},
+      {"ihop8.csv", "IHOP8", {}, 3, 9},
+      {"wheatfields.txt", "Wheatfields", {}, 3, 7},
+      {"sailor-poll.txt", "SAILOR Poll", {}, 3, 5},
+      {"pxp-golden-corral.txt", "PXP-Golden Corral", {}, 3, 7},
+      {"tmx.txt", "TMX", {}, 3, 5},
 
       // fixed records formats
       {"paychoice.txt", "PayChoice", {}, 6, 5},

@@ -218,17 +218,23 @@ TEST_F(ControlFile, ReadingCutsAtSixtyAndWritingGuardsThreePaths) {
   EXPECT_EQ(saved.substr(248, 62), Line("c:\\"));
 }
 
-TEST_F(ControlFile, AnOverlongCompanyEndsTheSaveAndLosesTheLocationTable) {
-  tmp.Write("settings/LocFile.dat", "7,E2,E3,E4,E5,E6,E7,E8,E9,E10,E11,E12,E61,E62,E69\r\n");
-  WriteControl(Lines(FactoryAccessLines("in", "out", "/")));
+TEST_F(ControlFile, AnOverlongCompanyEndsTheSaveAndKeepsBothFilesAsTheyWere) {
+  const std::string stores = "7,E2,E3,E4,E5,E6,E7,E8,E9,E10,E11,E12,E61,E62,E69\r\n";
+  const std::string control = Lines(FactoryAccessLines("in", "out", "/"));
+  tmp.Write("settings/LocFile.dat", stores);
+  WriteControl(control);
   frmTimeImport& f = Start();
   f.S[CoNum].text = std::string(61, '1');
   f.Form_Unload();
   ASSERT_EQ(ui->messages.size(), 1u);
   EXPECT_EQ(ui->messages[0].text,
             "Unable to store Corvane_Control Information.Invalid procedure call or argument");
-  EXPECT_EQ(TempFolder::Read(control_path()), Lines({"1", "in", "out"}));
-  EXPECT_EQ(TempFolder::Read(loc_path()), "");
+  EXPECT_EQ(TempFolder::Read(control_path()), control);
+  EXPECT_EQ(TempFolder::Read(loc_path()), stores);
+  // nothing half-written is left beside them
+  for (const auto& entry : std::filesystem::directory_iterator(settings())) {
+    EXPECT_NE(entry.path().filename().string().front(), '.') << entry.path();
+  }
 }
 
 // The location table's rows as LocFile holds them.

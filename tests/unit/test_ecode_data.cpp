@@ -52,7 +52,7 @@ class ECodeTest : public ::testing::Test {
   TempFolder tmp;
   Screen main;
   FakeOperator ui;
-  frmECode form;
+  frmECode form{ui};
   std::unique_ptr<ECodeData> used;
 };
 
@@ -230,7 +230,7 @@ TEST_F(ECodeGridForm, ColumnsFollowTheTimeClockShown) {
   EXPECT_EQ(cols[2].width, 900);
 }
 
-TEST_F(ECodeGridForm, FailuresOpenAnEmptyGridAndSaveHidesSilently) {
+TEST_F(ECodeGridForm, FailuresOpenAnEmptyGridAndAFailedSaveSaysSoAndHides) {
   std::filesystem::create_directory(file());  // a folder where the file should be
   Open(dir());
   ASSERT_EQ(ui.messages.size(), 1u);
@@ -240,15 +240,23 @@ TEST_F(ECodeGridForm, FailuresOpenAnEmptyGridAndSaveHidesSilently) {
   EXPECT_FALSE(form.ECodeGrid.AddRow());
   form.cmdCloseForm_Click();
   EXPECT_FALSE(form.visible);
+  ASSERT_EQ(ui.messages.size(), 2u);
+  EXPECT_EQ(ui.messages[1].text,
+            "The earning codes could not be saved.\r\rObject variable or With block variable "
+            "not set\r\rThe settings saved before are kept as they were.");
+  EXPECT_EQ(ui.messages[1].title, "Corvane");
 
-  // The folder vanishes while the grid is open: the save cannot create the file.
+  // The folder vanishes while the grid is open: the save cannot make its new file.
   const std::string folder = tmp / "Corvane";
   Open(folder);
   std::filesystem::remove_all(folder);
   form.cmdCloseForm_Click();
   EXPECT_FALSE(form.visible);
   EXPECT_EQ(form.ECodeGrid.DataSource(), nullptr);
-  EXPECT_EQ(ui.messages.size(), 1u);
+  ASSERT_EQ(ui.messages.size(), 3u);
+  EXPECT_EQ(ui.messages[2].text,
+            "The earning codes could not be saved.\r\rPath not found\r\rThe settings saved "
+            "before are kept as they were.");
 }
 
 }  // namespace
