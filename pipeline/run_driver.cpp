@@ -237,6 +237,15 @@ void frmTimeImport::InitFiles() {
   }
 }
 
+void frmTimeImport::CreateOutputFiles() {
+  OutputStream.reset();
+  AuditStream.reset();
+  output_missing_ = false;
+  OutputStream = fs.createtextfile(OUTFile.str(), true);
+  AuditStream = fs.createtextfile(AuditFile.str(), true);
+  summary_.BeginFile(OUTFile.str(), false);
+}
+
 void frmTimeImport::CloseFiles() {
   // A run whose output files could not be created ends here, after the operator has seen
   // why: there is nothing to report.

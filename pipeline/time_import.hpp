@@ -127,6 +127,9 @@ class frmTimeImport {
   void Corvane();
   void ChooseTC();
   void InitFiles();
+  // Creates the import and audit files anew under OUTFile and AuditFile, letting go of any
+  // the run holds: for a branch that names its files from the file's contents.
+  void CreateOutputFiles();
   void CloseFiles();
   Value ExtractInputPath() const;
   static Value LastRow(const Sheet& sheet);

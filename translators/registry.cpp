@@ -119,7 +119,17 @@ extern const Translator kTruQCTranslator;
 extern const Translator kAngelFireTranslator;
 extern const Translator kChronoTekTranslator;
 
-// comma other formats
+// Payroll, accounting and staffing exports
+extern const Translator kAmpayTranslator;
+extern const Translator kPRCTranslator;
+extern const Translator kSAGEMAS90Translator;
+extern const Translator kDarwinTranslator;
+extern const Translator kdataSIGNTranslator;
+extern const Translator keWorksTranslator;
+extern const Translator kGenerationsXREFTranslator;
+extern const Translator kOmniChromeTranslator;
+extern const Translator kQuickBooksTranslator;
+extern const Translator kTempWizardTranslator;
 
 // ADI, BGS, Gradience, Homewatch and Lathem line and fixed exports
 extern const Translator kADITranslator;
@@ -283,7 +293,17 @@ const Translator* FindTranslator(std::string_view name) {
       &kAngelFireTranslator,
       &kChronoTekTranslator,
 
-      // comma other formats
+      // Payroll, accounting and staffing exports
+      &kAmpayTranslator,
+      &kPRCTranslator,
+      &kSAGEMAS90Translator,
+      &kDarwinTranslator,
+      &kdataSIGNTranslator,
+      &keWorksTranslator,
+      &kGenerationsXREFTranslator,
+      &kOmniChromeTranslator,
+      &kQuickBooksTranslator,
+      &kTempWizardTranslator,
 
       // ADI, BGS, Gradience, Homewatch and Lathem line and fixed exports
       &kADITranslator,

@@ -448,6 +448,18 @@ const std::vector<Example>& BundledExamples() {
       {"chronotek.csv", "ChronoTek", {}, 3, 5},
 
       // comma other formats
+      // Ampay names its files from the client code of its first record.
+      Named({"ampay.csv", "Ampay", {}, 4, 11}, nullptr, "12_ta.txt", "Corvane_Audit_12.txt"),
+      {"prc.txt", "PRC", {}, 6, 6},
+      // Designation 5 has no code in an empty table; "XX" goes to the exception file.
+      {"sage-mas90.csv", "Sage (Mas90)", {}, 7, 6, nullptr, {}, {NeedsCode("Sage (Mas90)", 5)}},
+      {"darwin.txt", "Darwin", {}, 7, 7},
+      {"datasign.csv", "dataSIGN", {}, 3, 8},
+      {"eworks.csv", "eWorks", {}, 3, 7},
+      {"generations-xref.csv", "Generations (xRef)", {}, 5, 5},
+      {"omnichrome.txt", "OmniChrome", {}, 3, 5},
+      {"quickbooks.csv", "QuickBooks", {}, 3, 5},
+      {"temp-wizard.csv", "Temp Wizard", {}, 4, 8},
 
       // line timeclock formats
       {"adi.txt",
