@@ -4,7 +4,9 @@
 //
 // FORMAT is "Access" (comma fields, RECORDS employees), "ADP (extpaydt)" (82-byte records,
 // RECORDS main records, a quarter of them followed by a sales continuation) or
-// "Aloha v6.5.42" (a labour report, RECORDS job totals over employees of one to three jobs).
+// "Aloha v6.5.42" (a labour report, RECORDS job totals over employees of one to three jobs),
+// "ADP.csv" (comma fields under a heading line, RECORDS employees) or "Timeclock Plus"
+// (comma fields with a quoted name holding a comma, RECORDS rows).
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -183,6 +185,48 @@ void AlohaV6542(Out& out, Random& random, long records) {
   out << "TOTALS:,,,,,,,,,,,,,,\r\n";
 }
 
+// "ADP.csv": a heading line, then one row per employee: company, batch, file number,
+// department, shift, regular and overtime hours, and two code-and-amount pairs, mostly empty.
+void ADPcsv(Out& out, Random& random, long records) {
+  out << "Co Code,Batch ID,File #,Temp Dept,Shift,Reg Hours,O/T Hours,Hours 3 Code,"
+         "Hours 3 Amount,Hours 4 Code,Hours 4 Amount\r\n";
+  for (long n = 0; n < records; ++n) {
+    out << "XYZ,4410," << 1001 + n << ",";
+    out.Zeros(100 * (1 + random.Below(5)), 3) << ",";
+    out << static_cast<long>(random.Chance(80) ? 1 : 2 + random.Below(2)) << ",";
+    out.Cents(2000 + random.Below(2100)) << ",";
+    if (random.Chance(30)) out.Cents(25 * (1 + random.Below(40)));
+    out << ",";
+    if (random.Chance(10)) {
+      out << (random.Chance(50) ? "V" : "D") << ",";
+      out.Cents(800 * (1 + random.Below(5)));
+    } else {
+      out << ",";
+    }
+    out << ",,\r\n";
+  }
+}
+
+// "Timeclock Plus": no heading; one row per employee and pay code, the name quoted as
+// "Last, First" so that it holds a comma, the hours in hundredths.
+void TimeclockPlus(Out& out, Random& random, long records) {
+  long employee = 1001;
+  for (long n = 0; n < records; ++employee) {
+    const std::string_view first = Pick(random, kFirst, std::size(kFirst));
+    const std::string_view last = Pick(random, kLast, std::size(kLast));
+    const long shift = random.Chance(85) ? 1 : 2;
+    const long division = 10 + random.Below(4);
+    const bool overtime = random.Chance(30);
+    for (int code = 0; code < (overtime ? 2 : 1) && n < records; ++code, ++n) {
+      out << employee << ",\"" << last << ", " << first << "\"," << shift << "," << division << ","
+          << (code == 0 ? "REGHR" : "OTHR") << ",";
+      out << static_cast<long>(code == 0 ? 2000 + random.Below(2100) : 25 * (1 + random.Below(40)));
+      out << ",11/20/2026,";
+      out.Cents(1100 + random.Below(1500)) << ",,\r\n";
+    }
+  }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -200,6 +244,10 @@ int main(int argc, char** argv) {
     ADPExtpaydt(out, random, records);
   } else if (format == "Aloha v6.5.42") {
     AlohaV6542(out, random, records);
+  } else if (format == "ADP.csv") {
+    ADPcsv(out, random, records);
+  } else if (format == "Timeclock Plus") {
+    TimeclockPlus(out, random, records);
   } else {
     std::fprintf(stderr, "unknown format: %s\n", argv[1]);
     return 2;

@@ -75,7 +75,8 @@ floor_run() {
 
 ratio() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", a / b }'; }
 
-for spec in "access:Access:csv" "adp_extpaydt:ADP (extpaydt):txt" "aloha_v6542:Aloha v6.5.42:csv"; do
+for spec in "access:Access:csv" "adp_extpaydt:ADP (extpaydt):txt" "aloha_v6542:Aloha v6.5.42:csv" \
+  "adp_csv:ADP.csv:csv" "timeclock_plus:Timeclock Plus:csv"; do
   IFS=: read -r name format ext <<<"$spec"
   input="$work/$name.$ext"
   "$build/corvane_bench_gen" "$format" "$records" 42 >"$input"

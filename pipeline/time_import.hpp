@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <typeindex>
+#include <typeinfo>
 #include <unordered_map>
 
 #include "pipeline/import_check.hpp"
@@ -143,8 +144,8 @@ class frmTimeImport {
 
   // To apply a category: Earning_Code := its code box, DorE := its D-or-E box.
   void Apply(Cat category) {
-    ImportRec.Earning_Code = S.Code(category);
-    ImportRec.DorE = S.DE(category);
+    ImportRec.Earning_Code.SetText(S.Code(category));
+    ImportRec.DorE.SetText(S.DE(category));
   }
   // One category written: hours go out with no dollars, and dollars with no hours, so that
   // nothing of the category written before rides along.
@@ -182,8 +183,13 @@ class frmTimeImport {
   // created at first use and kept for the life of the form.
   template <class T>
   T& Fields() {
+    // A reader and its translator ask for the same group at every record: the last one
+    // asked for is kept at hand, ahead of the map.
+    if (last_fields_type_ == &typeid(T)) return static_cast<Holder<T>*>(last_fields_)->value;
     auto& slot = fields_[std::type_index(typeid(T))];
     if (!slot) slot = std::make_unique<Holder<T>>();
+    last_fields_type_ = &typeid(T);
+    last_fields_ = slot.get();
     return static_cast<Holder<T>*>(slot.get())->value;
   }
 
@@ -210,6 +216,8 @@ class frmTimeImport {
     T value{};
   };
   std::unordered_map<std::type_index, std::unique_ptr<HolderBase>> fields_;
+  const std::type_info* last_fields_type_ = nullptr;
+  HolderBase* last_fields_ = nullptr;
   std::array<InputFile, 10> files_;
   bool reported_ = false;
   RunSummary summary_;

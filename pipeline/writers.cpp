@@ -1,7 +1,10 @@
 // The Evolution import line, the audit trail and the exception files.
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <optional>
+#include <string_view>
 
 #include "pipeline/dispatch.hpp"
 #include "pipeline/time_import.hpp"
@@ -24,16 +27,7 @@ double DropTestNumber(const std::string& formatted) {
 // Whether a figure counts as zero in the empty-record test: its ".00" picture is zero. Plain
 // cases are told from the number itself; anything near a rounding edge, and text that is no
 // number, takes the picture.
-bool RoundsToZero(const Value& figure) {
-  std::optional<double> number;
-  if (figure.IsBlank()) return true;
-  if (figure.IsNumber()) {
-    number = figure.number();
-  } else if (figure.text().empty()) {
-    return true;
-  } else {
-    number = NumericValue(figure.text());
-  }
+bool RoundsToZero(std::optional<double> number, const Value& figure) {
   if (number) {
     const double size = std::fabs(*number);
     if (size == 0.0) return true;
@@ -42,15 +36,104 @@ bool RoundsToZero(const Value& figure) {
   return DropTestNumber(Format(figure, ".00")) == 0.0;
 }
 
+bool RoundsToZero(const Value& figure) {
+  if (figure.IsBlank()) return true;
+  if (figure.IsNumber()) return RoundsToZero(figure.number(), figure);
+  if (figure.text().empty()) return true;
+  return RoundsToZero(NumericValue(figure.text()), figure);
+}
+
+// The same test on the dollars, which the record holds as text: a value is made only for
+// the picture, near a rounding edge or for text that is no number.
+bool RoundsToZero(const std::string& figure) {
+  if (figure.empty()) return true;
+  const std::optional<double> number = NumericValue(figure);
+  if (number && (*number == 0.0 || std::fabs(*number) >= 0.01)) return *number == 0.0;
+  return RoundsToZero(number, Value(figure));
+}
+
+// Blanks (spaces) off both ends, as Trim takes them.
+std::string_view Trimmed(std::string_view s) {
+  while (!s.empty() && s.front() == ' ') s.remove_prefix(1);
+  while (!s.empty() && s.back() == ' ') s.remove_suffix(1);
+  return s;
+}
+
+// The code that switches a category off: "X" in either case, blanks around it.
+bool IsCodeX(const Value& code) {
+  char room[kPrintedNumberRoom];
+  const std::string_view text = Trimmed(PrintedView(code, room));
+  return text.size() == 1 && (text[0] == 'X' || text[0] == 'x');
+}
+
+// Shift 1 is the default and is not sent; "0" and "00" mean none.
+bool IsDefaultShift(const Value& shift) {
+  char room[kPrintedNumberRoom];
+  const std::string_view text = Trimmed(PrintedView(shift, room));
+  return text == "0" || text == "00" || text == "1";
+}
+
+// Builds a line straight into the writers' buffer, which grows only for a line longer than
+// any before it: the writers run for every line of a million-record export.
+class LineBuilder {
+ public:
+  explicit LineBuilder(std::string& buffer) : buffer_(buffer) {
+    buffer_.resize(std::max<std::size_t>(buffer_.capacity(), 256));
+    at_ = buffer_.data();
+    end_ = at_ + buffer_.size();
+  }
+  LineBuilder(const LineBuilder&) = delete;
+  LineBuilder& operator=(const LineBuilder&) = delete;
+  // The buffer keeps exactly the line.
+  ~LineBuilder() { buffer_.resize(static_cast<std::size_t>(at_ - buffer_.data())); }
+
+  void Put(char c) {
+    Room(1);
+    *at_++ = c;
+  }
+  void Put(std::string_view text) {
+    Room(text.size());
+    if (!text.empty()) std::memcpy(at_, text.data(), text.size());
+    at_ += text.size();
+  }
+  // A value in its printed form.
+  void Put(const Value& v) {
+    if (v.IsText()) {
+      Put(std::string_view(v.text()));
+    } else if (v.IsNumber()) {
+      Room(kPrintedNumberRoom);
+      at_ += PrintedView(v, at_).size();
+    }
+  }
+  std::string_view View() const {
+    return {buffer_.data(), static_cast<std::size_t>(at_ - buffer_.data())};
+  }
+
+ private:
+  void Room(std::size_t n) {
+    if (static_cast<std::size_t>(end_ - at_) < n) Grow(n);
+  }
+  void Grow(std::size_t n) {
+    const std::size_t used = static_cast<std::size_t>(at_ - buffer_.data());
+    buffer_.resize(std::max(buffer_.size() * 2, used + n));
+    at_ = buffer_.data() + used;
+    end_ = buffer_.data() + buffer_.size();
+  }
+
+  std::string& buffer_;
+  char* at_;
+  char* end_;
+};
+
 // The employee number of the audit line, by the picture "######": a whole number, or a text
 // of digits alone, prints its digits without leading zeros; anything else takes the picture.
-void AppendAuditNumber(std::string& out, const Value& number) {
+void PutAuditNumber(LineBuilder& out, const Value& number) {
   if (number.IsText()) {
     const std::string& text = number.text();
     const std::size_t first = text.find_first_not_of('0');
     if (first != std::string::npos && text.size() <= 15 &&
         text.find_first_not_of("0123456789") == std::string::npos) {
-      out.append(text, first);
+      out.Put(std::string_view(text).substr(first));
       return;
     }
   } else if (number.IsNumber()) {
@@ -58,11 +141,11 @@ void AppendAuditNumber(std::string& out, const Value& number) {
     if (x >= 1.0 && x < 1e15 && x == std::floor(x)) {
       char digits[24];
       const auto end = std::to_chars(digits, digits + sizeof digits, static_cast<long long>(x));
-      out.append(digits, end.ptr);
+      out.Put(std::string_view(digits, static_cast<std::size_t>(end.ptr - digits)));
       return;
     }
   }
-  out += Format(number, "######");
+  out.Put(std::string_view(Format(number, "######")));
 }
 
 TextStream& Stream(std::unique_ptr<TextStream>& stream) {
@@ -74,25 +157,24 @@ TextStream& Stream(std::unique_ptr<TextStream>& stream) {
 
 void frmTimeImport::BuildLine(bool other) {
   const ImportRecord& r = ImportRec;
-  std::string& b = line_;
-  b.clear();
+  LineBuilder b(line_);
   auto field = [&b](const Value& v) {
-    b += ',';
-    v.AppendTo(b);
+    b.Put(',');
+    b.Put(v);
   };
   auto text = [&b](const std::string& s) {
-    b += ',';
-    b += s;
+    b.Put(',');
+    b.Put(std::string_view(s));
   };
-  auto blank = [&b] { b += ','; };
+  auto blank = [&b] { b.Put(','); };
 
-  b += quote;
-  r.Employee_no.AppendTo(b);
-  b += quote;
-  b += ',';
-  b += quote;
-  r.Employee_Name.AppendTo(b);
-  b += quote;
+  b.Put(std::string_view(quote));
+  b.Put(r.Employee_no);
+  b.Put(std::string_view(quote));
+  b.Put(',');
+  b.Put(std::string_view(quote));
+  b.Put(r.Employee_Name);
+  b.Put(std::string_view(quote));
   field(r.Department);    // 3
   field(r.Job);           // 4
   field(r.Shift);         // 5
@@ -105,24 +187,19 @@ void frmTimeImport::BuildLine(bool other) {
     field(r.CorvaneMonth);  // 11
     text(r.CorvaneDay);     // 12
   } else {
-    blank();
-    blank();
-    blank();
+    b.Put(std::string_view(",,,"));  // 10 to 12
   }
-  blank();            // 13
-  blank();            // 14
-  text(r.Amount);     // 15
-  field(r.Seq);       // 16
-  field(r.Division);  // 17
-  field(r.Branch);    // 18
+  b.Put(std::string_view(",,"));  // 13, 14
+  text(r.Amount);                 // 15
+  field(r.Seq);                   // 16
+  field(r.Division);              // 17
+  field(r.Branch);                // 18
   if (other) {
     blank();  // 19
   } else {
     text(r.State);
   }
-  blank();  // 20
-  blank();  // 21
-  blank();  // 22
+  b.Put(std::string_view(",,,"));  // 20 to 22
   const bool old_format = S[optOldFormat].value == 1 && S[optNewFormat].value != 1;
   if (old_format) {
     field(r.Team);  // 23
@@ -136,8 +213,7 @@ void frmTimeImport::BuildLine(bool other) {
     field(r.Gen_Field27);  // 27
     text(r.Gen_Field28);   // 28
   } else {
-    blank();
-    blank();
+    b.Put(std::string_view(",,"));  // 27, 28
   }
   const bool new_format = S[optNewFormat].value == 1 && S[optOldFormat].value != 1;
   if (new_format) {
@@ -149,20 +225,18 @@ void frmTimeImport::BuildLine(bool other) {
 
 bool frmTimeImport::KeepRecord(bool x_passes) {
   ImportRecord& r = ImportRec;
-  if (!x_passes && UCase(Trim(r.Earning_Code)) == "X") {
+  if (!x_passes && IsCodeX(r.Earning_Code)) {
     if (gather_summary) summary_.Dropped(DropReason::CodeX, r);
     return false;
   }
   // both figures are always tested: a text that is no number raises in either
   const bool no_hours = RoundsToZero(r.Hours);
-  const bool no_amount = RoundsToZero(Value(r.Amount));
+  const bool no_amount = RoundsToZero(r.Amount);
   if (no_hours && no_amount) {
     if (gather_summary) summary_.Dropped(DropReason::NoFigures, r);
     return false;
   }
-  // Shift 1 is the default and is not sent.
-  const std::string shift = Trim(r.Shift);
-  if (shift == "0" || shift == "00" || shift == "1") r.Shift = "";
+  if (IsDefaultShift(r.Shift)) r.Shift.SetText("");
   return true;
 }
 
@@ -170,7 +244,7 @@ void frmTimeImport::WriteOutputRec() {
   // "eWorks" passes a code of "X" through to the file.
   if (!KeepRecord(S[PickTC].SelectedText() == "eWorks")) return;
   BuildLine(false);
-  Build_String = line_;
+  Build_String.SetText(line_);
   Stream(OutputStream).WriteLine(line_);
   ++RecCount;
   NoteWritten(false);
@@ -180,7 +254,7 @@ void frmTimeImport::WriteOutputRec() {
 void frmTimeImport::WriteOutputRecOther() {
   if (!KeepRecord(false)) return;
   BuildLine(true);
-  Build_String = line_;
+  Build_String.SetText(line_);
   Stream(ExceptionStream).WriteLine(line_);
   ++RecCount;
   NoteWritten(true);
@@ -199,30 +273,36 @@ void frmTimeImport::NoteWritten(bool other) {
 
 void frmTimeImport::WriteAuditRec() {
   const ImportRecord& r = ImportRec;
-  std::string& b = line_;
-  b = "Emp_no: ";
-  AppendAuditNumber(b, r.Employee_no);
-  b += ", Emp_Name: ";
-  r.Employee_Name.AppendTo(b);
-  b += ", Dept: ";
-  r.Department.AppendTo(b);
-  b += ", Shift: ";
-  r.Shift.AppendTo(b);
-  Stream(AuditStream).WriteLine(b);
-
-  b = " ";
-  r.DorE.AppendTo(b);
-  r.Earning_Code.AppendTo(b);
-  b += " - ";
-  if (r.Hours > Value("")) {
-    r.Hours.AppendTo(b);
-    b += " Hours";
-  } else {
-    b += r.Amount;
-    b += " Dollars";
+  // Both lines go to the stream in one write: the first with its line end, the second
+  // taking the stream's own.
+  std::size_t second = 0;
+  {
+    LineBuilder b(line_);
+    b.Put(std::string_view("Emp_no: "));
+    PutAuditNumber(b, r.Employee_no);
+    b.Put(std::string_view(", Emp_Name: "));
+    b.Put(r.Employee_Name);
+    b.Put(std::string_view(", Dept: "));
+    b.Put(r.Department);
+    b.Put(std::string_view(", Shift: "));
+    b.Put(r.Shift);
+    b.Put(std::string_view("\r\n"));
+    second = b.View().size();
+    b.Put(' ');
+    b.Put(r.DorE);
+    b.Put(r.Earning_Code);
+    b.Put(std::string_view(" - "));
+    // Hours > "": a number always prints something, a text compares as text, blank as "".
+    if (r.Hours.IsNumber() || !r.Hours.text().empty()) {
+      b.Put(r.Hours);
+      b.Put(std::string_view(" Hours"));
+    } else {
+      b.Put(std::string_view(r.Amount));
+      b.Put(std::string_view(" Dollars"));
+    }
   }
-  Build_String = b;
-  Stream(AuditStream).WriteLine(b);
+  Build_String.SetText(std::string_view(line_).substr(second));
+  Stream(AuditStream).WriteLine(line_);
 }
 
 void frmTimeImport::WriteExceptionRec(const Value& Detail) {

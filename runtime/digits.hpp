@@ -4,9 +4,21 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
 namespace corvane::detail {
+
+// The value of a short decimal figure: its digits (at most 15 of them, so exact in a double)
+// over an exact power of ten, places being the digits after the point (-1 without a
+// point). One division of two exact values gives the correctly rounded number, the same
+// that a full conversion of the figure's text gives.
+inline double ShortDecimalValue(std::uint64_t digits, int places, bool negative) {
+  static constexpr double kPow10[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                      1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  const double value = static_cast<double>(digits) / kPow10[places < 0 ? 0 : places];
+  return negative ? -value : value;
+}
 
 // The decimal digits of |x| rounded to 15 significant digits, trailing zeros dropped, for a
 // finite non-zero x: writes them to digits (room for 17), sets exponent to the power of

@@ -1,10 +1,13 @@
 #include "runtime/infile.hpp"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
 
+#include "runtime/digits.hpp"
 #include "runtime/errors.hpp"
 
 namespace corvane {
@@ -23,6 +26,19 @@ bool IsBlank(int c) {
 bool IsLineEnd(int c) {
   return c == '\r' || c == '\n';
 }
+
+// The bytes that end an unquoted field: a comma, a line end, and in text mode a Ctrl-Z.
+using ByteSet = std::array<bool, 256>;
+constexpr ByteSet FieldEnds(bool text_mode) {
+  ByteSet ends{};
+  ends[static_cast<unsigned char>(',')] = true;
+  ends[static_cast<unsigned char>('\r')] = true;
+  ends[static_cast<unsigned char>('\n')] = true;
+  ends[kCtrlZ] = text_mode;
+  return ends;
+}
+constexpr ByteSet kTextFieldEnds = FieldEnds(true);
+constexpr ByteSet kByteFieldEnds = FieldEnds(false);
 
 // The first `byte` in [begin, end), or end when there is none.
 const char* FindByte(const char* begin, const char* end, char byte) {
@@ -216,15 +232,97 @@ int InputFile::TakeField(std::string& text, bool quoted) {
   }
 }
 
+bool InputFile::FieldInBuffer(Field& field) {
+  if (file_ == nullptr) return false;
+  const char* const begin = buffer_.data() + pos_;
+  const char* const stop = buffer_.data() + end_;
+  const bool text_mode = mode_ == OpenMode::Text;
+  const char* p = begin;
+  while (p != stop && IsBlank(static_cast<unsigned char>(*p))) ++p;
+  if (p == stop || (text_mode && *p == kCtrlZ)) return false;
+
+  if (*p == '"') {
+    const char* const first = p + 1;
+    const char* const close = FindByte(first, stop, '"');
+    // the byte after the closing quote must tell the field's end without a refill
+    if (close == stop || close + 1 == stop) return false;
+    if (text_mode && FindByte(first, close, static_cast<char>(kCtrlZ)) != close) return false;
+    const char* after = close + 1;
+    if (*after == ',' || *after == '\n') {
+      ++after;
+    } else if (*after == '\r' && after + 1 != stop) {
+      after += after[1] == '\n' ? 2 : 1;
+    } else {
+      return false;
+    }
+    field.text = std::string_view(first, static_cast<std::size_t>(close - first));
+    field.quoted = true;
+    field.is_number = false;
+    pos_ = static_cast<std::size_t>(after - buffer_.data());
+    return true;
+  }
+
+  // One pass takes the digits of a plain figure as far as they go, then finds the end.
+  const char* const start = p;
+  bool negative = false;
+  if (*p == '-' || *p == '+') {
+    negative = *p == '-';
+    ++p;
+  }
+  std::uint64_t digits = 0;
+  int count = 0;
+  int places = -1;  // digits after the point; -1 before it
+  for (; p != stop; ++p) {
+    const unsigned d = static_cast<unsigned>(static_cast<unsigned char>(*p)) - '0';
+    if (d < 10) {
+      digits = digits * 10 + d;  // wraps harmlessly past 19 digits: more than 15 is no figure
+      ++count;
+      if (places >= 0) ++places;
+    } else if (*p == '.' && places < 0) {
+      places = 0;
+    } else {
+      break;
+    }
+  }
+  const char* const figure_end = p;
+  const ByteSet& ends = text_mode ? kTextFieldEnds : kByteFieldEnds;
+  while (p != stop && !ends[static_cast<unsigned char>(*p)]) ++p;
+  if (p == stop || *p == kCtrlZ) return false;
+  const char* after = p + 1;
+  if (*p == '\r') {
+    if (after == stop) return false;
+    if (*after == '\n') ++after;
+  }
+  const char* last = p;
+  while (last != start && IsBlank(static_cast<unsigned char>(last[-1]))) --last;
+  field.text = std::string_view(start, static_cast<std::size_t>(last - start));
+  field.quoted = false;
+  // a figure only when nothing but the blanks dropped follows its digits
+  field.is_number = figure_end == last && count > 0 && count <= 15;
+  if (field.is_number) field.number = detail::ShortDecimalValue(digits, places, negative);
+  pos_ = static_cast<std::size_t>(after - buffer_.data());
+  return true;
+}
+
 void InputFile::Input(Value& into) {
-  bool quoted = false;
-  ReadField(field_, quoted);
-  into = FieldValue(field_, quoted);
+  Field field;
+  if (!FieldInBuffer(field)) {
+    ReadField(field_, field.quoted);
+    AssignFieldValue(into, field_, field.quoted);
+  } else if (field.is_number) {
+    into.SetNumber(field.number);
+  } else {
+    AssignFieldValue(into, field.text, field.quoted);
+  }
 }
 
 void InputFile::Input(std::string& into) {
-  bool quoted = false;
-  ReadField(into, quoted);
+  Field field;
+  if (FieldInBuffer(field)) {
+    into.assign(field.text.data(), field.text.size());
+  } else {
+    ReadField(into, field.quoted);
+  }
 }
 
 void InputFile::Get(std::string& record) {

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "runtime/value.hpp"
@@ -70,6 +71,19 @@ class InputFile {
   int TakeField(std::string& text, bool quoted);
   // Passes over the rest of a field, its terminator included.
   void SkipToFieldEnd();
+  // The delimited read of a field that lies whole in the buffer, its terminator and line
+  // end included: sets the field (its text a view into the buffer, valid until the next
+  // read), consumes it, and returns true. Returns false, consuming nothing, for a field that
+  // the buffer's end, a Ctrl-Z or an unusual tail after a closing quote leave to ReadField.
+  // number is set when the field is a short plain figure ("[sign]digits[.digits]", 15
+  // digits at most), which the same pass converts.
+  struct Field {
+    std::string_view text;
+    bool quoted = false;
+    bool is_number = false;
+    double number = 0.0;
+  };
+  bool FieldInBuffer(Field& field);
 
   std::FILE* file_ = nullptr;
   OpenMode mode_ = OpenMode::None;

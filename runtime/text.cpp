@@ -139,15 +139,16 @@ std::string Replace(TextArg t, TextArg find, TextArg with) {
   std::string_view f = find.view();
   std::string_view w = with.view();
   if (f.empty()) return std::string(s);
+  std::size_t at = s.find(f);
+  if (at == std::string_view::npos) return std::string(s);
   std::string out;
   out.reserve(s.size());
   std::size_t pos = 0;
-  while (true) {
-    std::size_t at = s.find(f, pos);
-    if (at == std::string_view::npos) break;
+  while (at != std::string_view::npos) {
     out.append(s.substr(pos, at - pos));
     out.append(w);
     pos = at + f.size();
+    at = s.find(f, pos);
   }
   out.append(s.substr(pos));
   return out;

@@ -202,7 +202,41 @@ NumStatus ConvertCanonical(const char* buf, std::size_t n, double& out) {
   return NumStatus::Ok;
 }
 
+// The figure most fields of an export hold, "[sign]digits[.digits]" with 15 digits at most,
+// checked and converted in one pass to the value ConvertShortDecimal gives it. False for
+// anything else (an exponent, more digits, other characters, no digit), which then takes
+// ParsePlain.
+bool ShortPlainNumber(std::string_view s, double& out) {
+  const char* p = s.data();
+  const char* const end = p + s.size();
+  bool negative = false;
+  if (p != end && (*p == '-' || *p == '+')) {
+    negative = *p == '-';
+    ++p;
+  }
+  std::uint64_t digits = 0;
+  int count = 0;
+  int places = -1;  // digits after the point; -1 before it
+  for (; p != end; ++p) {
+    const unsigned d = static_cast<unsigned>(static_cast<unsigned char>(*p)) - '0';
+    if (d < 10) {
+      if (++count > 15) return false;
+      digits = digits * 10 + d;
+      if (places >= 0) ++places;
+    } else if (*p == '.' && places < 0) {
+      places = 0;
+    } else {
+      return false;
+    }
+  }
+  if (count == 0) return false;
+  out = detail::ShortDecimalValue(digits, places, negative);
+  return true;
+}
+
 NumStatus ParseNumeric(std::string_view s, double& out) {
+  // Most figures are plain, and their canonical text is themselves.
+  if (ShortPlainNumber(s, out)) return NumStatus::Ok;
   std::size_t i = 0;
   const std::size_t n = s.size();
   while (i < n && s[i] == ' ') ++i;
@@ -345,19 +379,6 @@ int CompareText(std::string_view a, std::string_view b) {
   return c < 0 ? -1 : (c > 0 ? 1 : 0);
 }
 
-// The value as text without allocating: numbers go into buf.
-std::string_view TextView(const Value& v, char* buf) {
-  switch (v.kind()) {
-    case Value::Kind::Blank:
-      return {};
-    case Value::Kind::Text:
-      return v.text();
-    case Value::Kind::Number:
-      return {buf, PrintNumberTo(v.number(), buf)};
-  }
-  return {};
-}
-
 // Round half to even, then range-check; NaN fails the range check.
 double RoundHalfEven(double x) {
   double f = std::floor(x);
@@ -469,12 +490,41 @@ int Compare(const Value& a, const Value& b) {
   return ka == K::Blank ? CompareText({}, b.text()) : CompareText(a.text(), {});
 }
 
+std::string_view PrintedView(const Value& v, char* room) {
+  switch (v.kind()) {
+    case Value::Kind::Blank:
+      return {};
+    case Value::Kind::Text:
+      return v.text();
+    case Value::Kind::Number:
+      return {room, PrintNumberTo(v.number(), room)};
+  }
+  return {};
+}
+
 Value FieldValue(std::string_view text, bool quoted) {
   if (quoted) return Value(text);
   if (text.empty()) return Value();
   double out = 0.0;
   if (ParsePlain(text, out) == NumStatus::Ok) return Value(out);
   return Value(text);
+}
+
+void AssignFieldValue(Value& into, std::string_view text, bool quoted) {
+  if (quoted) {
+    into.SetText(text);
+    return;
+  }
+  if (text.empty()) {
+    into.SetBlank();
+    return;
+  }
+  double out = 0.0;
+  if (ShortPlainNumber(text, out) || ParsePlain(text, out) == NumStatus::Ok) {
+    into.SetNumber(out);
+  } else {
+    into.SetText(text);
+  }
 }
 
 bool NumericAbove0(const Value& v) {
@@ -515,7 +565,7 @@ bool Below(const Value& rate, const Value& threshold) {
   }
   if (rn && tn) return Sign(r, t) < 0;
   char rb[kNumberBuf], tb[kNumberBuf];
-  return CompareText(TextView(rate, rb), TextView(threshold, tb)) < 0;
+  return CompareText(PrintedView(rate, rb), PrintedView(threshold, tb)) < 0;
 }
 
 std::int16_t ToInteger(const Value& v) {

@@ -1,6 +1,7 @@
 // The text-or-number value: the type of most record and input fields.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -22,6 +23,25 @@ class Value {
   Value(long long number) : kind_(Kind::Number), number_(static_cast<double>(number)) {}
 
   static Value Blank() { return Value(); }
+
+  // In-place assignments: the same value as the constructors give, keeping the text's
+  // storage, so that a member filled at every record of an export allocates only for its
+  // longest text.
+  void SetBlank() {
+    kind_ = Kind::Blank;
+    number_ = 0.0;
+    text_.clear();
+  }
+  void SetNumber(double number) {
+    kind_ = Kind::Number;
+    number_ = number;
+    text_.clear();
+  }
+  void SetText(std::string_view text) {
+    kind_ = Kind::Text;
+    number_ = 0.0;
+    text_.assign(text.data(), text.size());
+  }
 
   Kind kind() const { return kind_; }
   bool IsBlank() const { return kind_ == Kind::Blank; }
@@ -84,6 +104,12 @@ inline bool operator>=(const Value& a, const Value& b) {
 // a leading zero below 1 ("0.5"), no point for whole numbers ("40").
 std::string PrintNumber(double number);
 
+// Room for any printed number.
+inline constexpr std::size_t kPrintedNumberRoom = 32;
+// The printed form of a value without allocating: a number is printed into room (at least
+// kPrintedNumberRoom characters), text is its own characters, blank is "".
+std::string_view PrintedView(const Value& v, char* room);
+
 // The IsNumeric test on text: blanks, sign, "$", digits with "," in the whole part, a
 // fraction, an exponent; or "&H" hex, "&O" octal. At least one digit.
 bool IsNumeric(std::string_view text);
@@ -94,6 +120,9 @@ std::optional<double> NumericValue(std::string_view text);
 // sign, digits, optional point and fraction, optional exponent); blank when empty and
 // unquoted; otherwise text as it stands.
 Value FieldValue(std::string_view text, bool quoted);
+// The same rule, into an existing value: the comma reader's own path, which keeps the
+// value's storage and converts the common short figure ("40", "8.50", "-12.5") in one pass.
+void AssignFieldValue(Value& into, std::string_view text, bool quoted);
 
 // Amount tests: numeric whatever the kinds.
 bool NumericAbove0(const Value& v);  // IsNumeric and above 0

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -323,6 +324,119 @@ TEST_F(InputFileRecords, RecordsAcrossTheBuffer) {
   for (int i = 0; i < 150; ++i) {
     EXPECT_EQ(seen[i], std::string(1000, static_cast<char>('A' + i % 26))) << i;
   }
+}
+
+// One record of tricky fields and what each reads as, worked out by the field rule. A field
+// that lies whole in the read window and one cut by the window's edge must read alike.
+struct Expected {
+  Value::Kind kind;
+  std::string text;  // the text of a text value
+  double number;
+};
+
+const std::string kTrickyRecord =
+    "  00123 ,-8.50,+.5,1e3,\"0042\",,  ,\"a, b\" x,$12.50,1 2,5.,-,\"two\r\nlines\","
+    "caf\xe9 \t,123456789012345,1234567890123456,-0,\xff\"q\"\r\n"
+    "7,8\r\n";
+
+std::vector<Expected> TrickyExpected() {
+  using K = Value::Kind;
+  return {
+      {K::Number, "", 123},
+      {K::Number, "", -8.5},
+      {K::Number, "", 0.5},
+      {K::Number, "", 1000},
+      {K::Text, "0042", 0},
+      {K::Blank, "", 0},
+      {K::Blank, "", 0},
+      {K::Text, "a, b", 0},
+      {K::Text, "$12.50", 0},
+      {K::Text, "1 2", 0},
+      {K::Number, "", 5},
+      {K::Text, "-", 0},
+      {K::Text, "two\r\nlines", 0},
+      {K::Text, "caf\xe9", 0},
+      {K::Number, "", 123456789012345.0},
+      {K::Number, "", 1234567890123456.0},
+      {K::Number, "", -0.0},
+      {K::Text, "\xff\"q\"", 0},
+      // a short record: the read goes on on the next line
+      {K::Number, "", 7},
+      {K::Number, "", 8},
+  };
+}
+
+TEST_F(InputFileFields, TrickyFieldsReadAlikeWhereverTheWindowCuts) {
+  const std::vector<Expected> expected = TrickyExpected();
+  constexpr std::size_t kWindow = 64 * 1024;
+  for (const OpenMode mode : {OpenMode::Text, OpenMode::Byte}) {
+    // the record starts at the window's start, then anywhere from just before its edge
+    for (std::size_t shift = 0; shift <= kTrickyRecord.size() + 1; ++shift) {
+      const std::size_t lead = shift == 0 ? 0 : kWindow - shift;
+      SCOPED_TRACE(::testing::Message()
+                   << "lead " << lead << (mode == OpenMode::Text ? " text" : " byte"));
+      const std::string filler = lead < 2 ? std::string() : std::string(lead - 2, 'z') + "\r\n";
+      OpenWith(filler + kTrickyRecord, mode);
+      if (!filler.empty()) in_.LineInput();
+      for (std::size_t i = 0; i < expected.size(); ++i) {
+        SCOPED_TRACE(i);
+        const Value v = FieldAsValue();
+        ASSERT_EQ(v.kind(), expected[i].kind);
+        EXPECT_EQ(v.text(), expected[i].text);
+        EXPECT_EQ(v.number(), expected[i].number);
+        EXPECT_EQ(std::signbit(v.number()), std::signbit(expected[i].number));
+      }
+      EXPECT_TRUE(in_.Eof());
+
+      // into text members the same fields keep their characters, blanks around dropped
+      in_.Open(dir_.string() + "/in.txt", mode);
+      if (!filler.empty()) in_.LineInput();
+      const Strings texts = {"00123",
+                             "-8.50",
+                             "+.5",
+                             "1e3",
+                             "0042",
+                             "",
+                             "",
+                             "a, b",
+                             "$12.50",
+                             "1 2",
+                             "5.",
+                             "-",
+                             "two\r\nlines",
+                             "caf\xe9",
+                             "123456789012345",
+                             "1234567890123456",
+                             "-0",
+                             "\xff\"q\"",
+                             "7",
+                             "8"};
+      for (const std::string& text : texts) EXPECT_EQ(Field(), text);
+      EXPECT_TRUE(in_.Eof());
+    }
+  }
+}
+
+// A CR that closes the window with its LF opening the next, after a plain and after a
+// quoted field; and a record cut short by the end of the data.
+TEST_F(InputFileFields, LineEndsAndQuotesAtTheWindowsEdge) {
+  constexpr std::size_t kWindow = 64 * 1024;
+  for (const std::string& field : {std::string("12"), std::string("\"ab\"")}) {
+    SCOPED_TRACE(field);
+    const std::string filler(kWindow - field.size() - 1 - 2, 'z');
+    OpenWith(filler + "\r\n" + field + "\r\n3\r\n", OpenMode::Byte);
+    in_.LineInput();
+    std::string text;
+    in_.Input(text);
+    EXPECT_EQ(text, field == "12" ? "12" : "ab");
+    EXPECT_EQ(FieldAsValue().number(), 3.0);  // the CR LF pair was one line end
+    EXPECT_TRUE(in_.Eof());
+  }
+  OpenWith("1,2", OpenMode::Byte);
+  EXPECT_EQ(FieldAsValue().number(), 1.0);
+  EXPECT_EQ(FieldAsValue().number(), 2.0);
+  EXPECT_TRUE(in_.Eof());
+  EXPECT_EQ(ErrorOf([&] { FieldAsValue(); }), kInputPastEnd);
 }
 
 }  // namespace

@@ -455,5 +455,118 @@ TEST(NumericText, ShortDecimalsAreTheCorrectlyRoundedDouble) {
   }
 }
 
+// ---- The comma reader's own path ----------------------------------------------------------
+
+// Same kind, same characters, and for numbers the same bits (so -0 stays -0).
+void ExpectSameValue(const Value& fast, const Value& plain) {
+  ASSERT_EQ(fast.kind(), plain.kind());
+  EXPECT_EQ(fast.text(), plain.text());
+  EXPECT_EQ(std::signbit(fast.number()), std::signbit(plain.number()));
+  EXPECT_EQ(fast.number(), plain.number());
+}
+
+TEST(AssignFieldValue, AgreesWithFieldValueOnTrickyFields) {
+  const std::string tricky[] = {"00123",
+                                "-8.50",
+                                "+.5",
+                                "5.",
+                                ".",
+                                "-",
+                                "+",
+                                "-0",
+                                "+0.000",
+                                "1e3",
+                                "1E-2",
+                                "1e",
+                                "e5",
+                                "$12.50",
+                                "1,000",
+                                "1 2",
+                                "12 ",
+                                " 12",
+                                "8.5.1",
+                                "--5",
+                                "+-5",
+                                "0x1A",
+                                "caf\xe9",
+                                "\xff",
+                                "123456789012345",
+                                "1234567890123456",
+                                "0.123456789012345",
+                                "000000000000000000001",
+                                "99999999999999999999",
+                                "1e999",
+                                "1e-999",
+                                "\"5\"",
+                                ""};
+  Value reused;
+  for (const std::string& text : tricky) {
+    for (const bool quoted : {false, true}) {
+      SCOPED_TRACE(text + (quoted ? " quoted" : ""));
+      Value fresh;
+      AssignFieldValue(fresh, text, quoted);
+      ExpectSameValue(fresh, FieldValue(text, quoted));
+      // a value filled record after record keeps nothing of the one before
+      AssignFieldValue(reused, text, quoted);
+      ExpectSameValue(reused, FieldValue(text, quoted));
+    }
+  }
+}
+
+// Plain figures of up to 18 digits, signed or not, with or without a point at any place:
+// each converts to the correctly rounded double of its text, by every path.
+TEST(AssignFieldValue, ShortFiguresConvertLikeAFullConversion) {
+  std::mt19937 random(16);
+  for (int round = 0; round < 20000; ++round) {
+    std::string text;
+    const int sign = static_cast<int>(random() % 3);
+    if (sign == 1) text += '-';
+    if (sign == 2) text += '+';
+    const int digits = 1 + static_cast<int>(random() % 18);
+    const int point = static_cast<int>(random() % (digits + 2));  // digits + 1: no point
+    for (int i = 0; i < digits; ++i) {
+      if (i == point) text += '.';
+      text += static_cast<char>('0' + random() % 10);
+    }
+    if (point == digits) text += '.';
+    SCOPED_TRACE(text);
+    double expected = 0.0;
+    const char* first = text.data() + (text[0] == '+' ? 1 : 0);
+    ASSERT_EQ(std::from_chars(first, text.data() + text.size(), expected).ec, std::errc());
+    Value v;
+    AssignFieldValue(v, text, false);
+    ASSERT_TRUE(v.IsNumber());
+    EXPECT_EQ(v.number(), expected);
+    EXPECT_EQ(FieldValue(text, false).number(), expected);
+    const std::optional<double> numeric = NumericValue(text);
+    ASSERT_TRUE(numeric.has_value());
+    EXPECT_EQ(*numeric, expected);
+  }
+}
+
+TEST(ValueInPlace, SettersGiveWhatTheConstructorsGive) {
+  Value v("some long text that does not fit a short string");
+  v.SetNumber(8.5);
+  ExpectSameValue(v, Value(8.5));
+  EXPECT_EQ(v.str(), "8.5");
+  v.SetText("00123");
+  ExpectSameValue(v, Value("00123"));
+  EXPECT_EQ(Compare(v, Value(123)), 0);  // numeric text against a number
+  v.SetBlank();
+  ExpectSameValue(v, Value());
+  v.SetText("");
+  EXPECT_TRUE(v.IsText());           // an empty text is text, not blank
+  EXPECT_TRUE(Value(0) > v);         // "0" > "" as texts
+  EXPECT_FALSE(Value(0) > Value());  // blank is 0 against a number
+}
+
+TEST(PrintedView, PrintsAsStrWithoutAllocating) {
+  char room[kPrintedNumberRoom];
+  for (const Value& v : {Value(), Value(""), Value(" 7 "), Value(40), Value(-0.0), Value(0.5),
+                         Value(1.0 / 3.0), Value(-1.23456789012345e-308), Value(1e300)}) {
+    EXPECT_EQ(PrintedView(v, room), v.str());
+  }
+}
+
 }  // namespace
 }  // namespace corvane

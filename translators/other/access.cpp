@@ -1,6 +1,8 @@
 // "Access": a comma file of 21 fields a record, read in four reads of 6, 6, 6 and 3 fields.
 // The first record is the heading. Dollar fields may carry "$".
 #include <array>
+#include <string>
+#include <string_view>
 
 #include "pipeline/time_import.hpp"
 #include "pipeline/translator.hpp"
@@ -22,6 +24,22 @@ bool AccessRead(frmTimeImport& F) {
   return !Trim(in.Access_F[3]).empty();
 }
 
+// field = Replace(field, "$", ""), which leaves text: a short text loses its "$" in place.
+void DropDollarSigns(Value& field) {
+  if (field.IsText() && field.text().size() <= 32) {
+    const std::string& text = field.text();
+    if (text.find('$') == std::string::npos) return;
+    char kept[32];
+    std::size_t n = 0;
+    for (const char c : text) {
+      if (c != '$') kept[n++] = c;
+    }
+    field.SetText(std::string_view(kept, n));
+    return;
+  }
+  field = Replace(field, "$", "");
+}
+
 void Access(frmTimeImport& F) {
   auto& f = F.Fields<AccessFields>().Access_F;
   ImportRecord& r = F.ImportRec;
@@ -32,7 +50,7 @@ void Access(frmTimeImport& F) {
   r.Seq = "1";
   r.Employee_no = Trim(f[3]);
 
-  for (int n : {4, 10, 13, 14, 15}) f[n] = Replace(f[n], "$", "");
+  for (int n : {4, 10, 13, 14, 15}) DropDollarSigns(f[n]);
 
   auto hours = [&](int n, Cat category) {
     if (NumericAbove0(f[n])) F.WriteHours(category, f[n]);
