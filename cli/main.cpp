@@ -260,9 +260,11 @@ int Run(const RunOptions& o, const std::vector<ScreenEntry>& entries) {
   // The summary of a press that began goes out whatever ended it; a wrong command line
   // before the press leaves none.
   bool pressed = false;
+  bool summary_whole = true;
   auto write_summary = [&] {
-    if (pressed) summary.Write(F);
+    if (pressed && !summary.Write(F)) summary_whole = false;
   };
+  int status = 0;
   try {
     F.Form_Load();
     if (!o.format.empty()) {
@@ -286,28 +288,42 @@ int Run(const RunOptions& o, const std::vector<ScreenEntry>& entries) {
     pressed = true;
     F.cmdInterface_Click();
     write_summary();
-    const int status = F.Reported() ? 0 : 1;
+    status = F.Reported() ? 0 : 1;
     if (o.save_screen) F.Exit();
-    return status;
   } catch (const RuntimeError& error) {
     // The program ends at once, without storing the screen.
     ui.RuntimeErrorReport(error);
     write_summary();
-    return 3;
+    status = 3;
   } catch (const FatalError& fatal) {
     ui.RuntimeErrorReport(fatal.error());
     write_summary();
-    return 3;
+    status = 3;
   } catch (const Unanswered&) {
     ui.FlushSaid();
     std::cerr << "corvane: a question was left unanswered\n";
     write_summary();
-    return 4;
+    status = 4;
   } catch (const UsageError& e) {
     ui.FlushSaid();
     std::cerr << "corvane: " << e.what() << "\n";
     return 2;
   }
+  // A record of the run that the disk cut short is no record: the command says so and ends
+  // with the status of a run-time error, whatever the run did.
+  ui.FlushSaid();
+  if (transcript_file.is_open()) {
+    transcript_file.close();
+    if (transcript_file.fail()) {
+      std::cerr << "corvane: the transcript " << o.transcript << " could not be written whole\n";
+      status = 3;
+    }
+  }
+  if (!summary_whole) {
+    std::cerr << "corvane: the summary " << o.summary << " could not be written whole\n";
+    status = 3;
+  }
+  return status;
 }
 
 int Main(int argc, char** argv) {

@@ -33,14 +33,15 @@ bool SummaryOutput::Open(const std::string& destination) {
   return static_cast<bool>(file_);
 }
 
-void SummaryOutput::Write(const frmTimeImport& F) {
-  if (destination_.empty()) return;
+bool SummaryOutput::Write(const frmTimeImport& F) {
+  if (destination_.empty()) return true;
   if (destination_ == "-") {
     std::cout << SummaryTable(F.LastSummary(), F.LastCheck()) << std::flush;
-    return;
+    return static_cast<bool>(std::cout);
   }
   file_ << SummaryJson(F.LastSummary(), F.LastCheck());
   file_.close();
+  return !file_.fail();
 }
 
 int CheckFile(const std::string& path, const CheckOptions& options, bool json) {

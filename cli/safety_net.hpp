@@ -28,8 +28,9 @@ class SummaryOutput {
   // before the run. False when the file cannot be created.
   bool Open(const std::string& destination);
   bool wanted() const { return !destination_.empty(); }
-  // Writes the summary and the check of the form's last press.
-  void Write(const frmTimeImport& F);
+  // Writes the summary and the check of the form's last press; false when it could not be
+  // written whole (a full disk, a failing drive).
+  bool Write(const frmTimeImport& F);
 
  private:
   std::string destination_;

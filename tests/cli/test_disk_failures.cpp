@@ -46,6 +46,45 @@ TEST(DiskFull, ARunWhoseAuditFileMeetsAFullDeviceEndsWithTheErrorAndNoReport) {
   EXPECT_EQ(dialogue[0].value("description", ""), "Disk full");
 }
 
+// The transcript and the summary are the record a script keeps of a run: one the disk cut
+// short makes the command fail, though the run itself completed.
+TEST(DiskFull, ATranscriptOrSummaryThatCannotBeWrittenWholeFailsTheCommand) {
+  if (!fs::exists("/dev/full")) GTEST_SKIP() << "no /dev/full on this system";
+  WorkDir dir;
+  WriteBytes(dir.root() / "access.csv",
+             "h1,h2,h3,h4,h5,h6,h7,h8,h9,h10,h11,h12,h13,h14,h15,h16,h17,h18,h19,h20,h21\r\n"
+             "S1,A,201,,,40,2,,,,,,,,,,,,,,\r\n");
+  const std::vector<std::string> run = {"run",
+                                        "--settings-dir",
+                                        dir.settings().string(),
+                                        "--format",
+                                        "Access",
+                                        "--company",
+                                        "123",
+                                        "--end-date",
+                                        "11/20/2026",
+                                        "--today",
+                                        "2026-11-22",
+                                        "--input",
+                                        (dir.root() / "access.csv").string(),
+                                        "--output",
+                                        dir.output().string(),
+                                        "--accept-defaults"};
+  for (const char* option : {"--transcript", "--summary"}) {
+    std::vector<std::string> args = run;
+    args.push_back(option);
+    args.push_back("/dev/full");
+    const CommandResult result = RunCommand(args, dir.root(), dir.home());
+    EXPECT_EQ(result.status, 3) << option << "\n" << result.err;
+    const std::string said =
+        std::string(option == std::string("--transcript") ? "the transcript" : "the summary") +
+        " /dev/full could not be written whole";
+    EXPECT_NE(result.err.find(said), std::string::npos) << result.err;
+    // the run itself went through: its import file is whole
+    EXPECT_EQ(ReadBytes(dir.output() / "123_ta.txt").size() > 0, true);
+  }
+}
+
 TEST(DiskFull, ASaveIntoAReadOnlySettingsFolderKeepsEveryFileAndSaysSo) {
   // Permissions do not bind the superuser, so there is nothing to see when run as root.
   if (::geteuid() == 0) GTEST_SKIP() << "permissions do not bite for root";
