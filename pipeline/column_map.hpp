@@ -85,7 +85,9 @@ struct ColumnMap {
   // The whole-line shape: the last line is translated too.
   bool translate_last_line = false;
 
-  // Identity. Employee_no, trimmed; a record whose number is blank is passed over uncounted.
+  // Identity. Employee_no, trimmed; a record whose number is blank writes nothing. The comma
+  // shapes pass it over uncounted; whole lines and fixed records count it unless is_record
+  // keeps it out.
   Column employee{};
   // Employee_Name, trimmed; with first_name given it is "name, first" (a blank first name adds
   // nothing).
