@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <span>
 #include <string_view>
 
@@ -32,6 +33,13 @@ constexpr Column Field(int n) {
 }
 constexpr Column Slice(int start, int width, int places = -1) {
   return {0, start, width, places};
+}
+
+// The fields of a map read as text, by their numbers: TextFields({1, 3}).
+constexpr std::uint64_t TextFields(std::initializer_list<int> fields) {
+  std::uint64_t bits = 0;
+  for (int f : fields) bits |= std::uint64_t{1} << f;
+  return bits;
 }
 
 enum class Figure : std::uint8_t { Hours, Dollars };

@@ -24,7 +24,7 @@ constexpr PayColumn kCommaPay[] = {
 constexpr ColumnMap kComma{
     .translator = "TestComma",
     .fields = 7,
-    .text_fields = 1U << 1,
+    .text_fields = TextFields({1}),
     .employee = Field(1),
     .name = Field(2),
     .first_name = Field(3),

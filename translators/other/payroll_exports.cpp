@@ -20,10 +20,6 @@ namespace {
 
 using column_map::Fields;
 
-constexpr std::uint64_t Bit(int field) {
-  return std::uint64_t{1} << field;
-}
-
 constexpr PayColumn Hours(int field, Cat category) {
   return {Field(field), Figure::Hours, category, 0};
 }
@@ -46,7 +42,7 @@ constexpr PayColumn kAmpayPay[] = {
 constexpr ColumnMap kAmpay{
     .translator = "Ampay",
     .fields = 22,
-    .text_fields = Bit(2),
+    .text_fields = TextFields({2}),
     .employee = Field(1),
     .name = Field(3),
     .department = Field(4),
@@ -87,7 +83,7 @@ void AmpayHeading(frmTimeImport& F) {
 constexpr ColumnMap kPRC{
     .translator = "PRC",
     .fields = 6,
-    .text_fields = Bit(3) | Bit(4),
+    .text_fields = TextFields({3, 4}),
     .employee = Field(1),
     .name = Field(2),
     .code_rule = CodeRule::FromRecord,
@@ -105,7 +101,7 @@ bool SAGEMAS90(frmTimeImport& F);
 constexpr ColumnMap kSage{
     .translator = "SAGEMAS90",
     .fields = 6,
-    .text_fields = Bit(3),
+    .text_fields = TextFields({3}),
     .employee = Field(1),
     .name = Field(2),
     .payrate = Field(5),
@@ -186,7 +182,7 @@ constexpr PayCode kDarwinCodes[] = {
 constexpr ColumnMap kDarwin{
     .translator = "Darwin",
     .fields = 5,
-    .text_fields = Bit(3),
+    .text_fields = TextFields({3}),
     .heading_lines = 1,
     .employee = Field(1),
     .name = Field(2),
@@ -241,7 +237,7 @@ constexpr ColumnMap kEWorks{
 constexpr ColumnMap kGenerationsXREF{
     .translator = "GenerationsXREF",
     .fields = 7,
-    .text_fields = Bit(4) | Bit(5),
+    .text_fields = TextFields({4, 5}),
     .heading_lines = 1,
     .employee = Field(1),
     .name = Field(2),

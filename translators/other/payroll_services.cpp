@@ -29,7 +29,7 @@ bool PayChoiceItem(std::string_view line) {
 constexpr ColumnMap kPayChoiceMap{
     .translator = "PayChoice",
     .fields = 9,
-    .text_fields = 0x3FE,  // fields 1 to 9
+    .text_fields = TextFields({1, 2, 3, 4, 5, 6, 7, 8, 9}),
     .heading_lines = 1,
     .is_record = PayChoiceItem,
     // a line export with no totals line: its last line is a pay item like the others

@@ -10,7 +10,7 @@ namespace {
 constexpr ColumnMap kArchaicBeef{
     .translator = "ArchaicBeef",
     .fields = 6,
-    .text_fields = (1U << 1) | (1U << 3) | (1U << 4),
+    .text_fields = TextFields({1, 3, 4}),
     .heading_lines = 1,
     .employee = Field(1),
     .name = Field(2),

@@ -29,7 +29,7 @@ constexpr std::array<PayColumn, 6> kDennysDINEPay{{
 constexpr ColumnMap kDennysDINE{
     .translator = "DennysDINE",
     .fields = 8,
-    .text_fields = std::uint64_t{1} << 2,
+    .text_fields = TextFields({2}),
     .heading_lines = 1,
     .employee = Field(1),
     .name = Field(2),
@@ -52,7 +52,7 @@ bool DennysDINErelco_Date(frmTimeImport& F);
 constexpr ColumnMap kDennysDINErelco{
     .translator = "DennysDINErelco",
     .fields = 10,
-    .text_fields = (std::uint64_t{1} << 2) | (std::uint64_t{1} << kRelcoDate),
+    .text_fields = TextFields({2, kRelcoDate}),
     .employee = Field(1),
     .name = Field(2),
     .payrate = Field(4),

@@ -22,7 +22,7 @@ const PayColumn kIHOP8Pay[] = {
 constexpr ColumnMap kIHOP8{
     .translator = "IHOP8",
     .fields = 7,
-    .text_fields = (1U << 1) | (1U << 2),
+    .text_fields = TextFields({1, 2}),
     .heading_lines = 1,
     .employee = Field(1),
     .name = Field(2),

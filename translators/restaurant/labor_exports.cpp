@@ -10,12 +10,6 @@ namespace corvane {
 
 namespace {
 
-constexpr std::uint64_t Bits(std::initializer_list<int> fields) {
-  std::uint64_t bits = 0;
-  for (int f : fields) bits |= std::uint64_t{1} << f;
-  return bits;
-}
-
 using enum Figure;
 
 // "DDMGR": number, name, pay code, hours, dollars; each code is paid under the box of its
@@ -32,7 +26,7 @@ constexpr std::array<PayCode, 21> kDDMGRCodes{{
 constexpr ColumnMap kDDMGR{
     .translator = "DDMGR",
     .fields = 5,
-    .text_fields = Bits({2, 3}),
+    .text_fields = TextFields({2, 3}),
     .employee = Field(1),
     .name = Field(2),
     .code_rule = CodeRule::Lookup,
@@ -58,7 +52,7 @@ constexpr std::array<PayCode, 10> kQwestCodes{{
 constexpr ColumnMap kQwest{
     .translator = "Qwest",
     .fields = 5,
-    .text_fields = Bits({2, 3}),
+    .text_fields = TextFields({2, 3}),
     .employee = Field(1),
     .name = Field(2),
     .code_rule = CodeRule::Lookup,
@@ -72,7 +66,7 @@ constexpr ColumnMap kQwest{
 constexpr ColumnMap kESI{
     .translator = "ESI",
     .fields = 6,
-    .text_fields = Bits({2, 3, 4}),
+    .text_fields = TextFields({2, 3, 4}),
     .employee = Field(1),
     .name = Field(2),
     .code_rule = CodeRule::FromRecord,
@@ -91,7 +85,7 @@ constexpr std::array<PayColumn, 3> kSorrelinPay{{
 constexpr ColumnMap kSorrelin2868{
     .translator = "Sorrelin2868",
     .fields = 5,
-    .text_fields = Bits({2}),
+    .text_fields = TextFields({2}),
     .employee = Field(1),
     .name = Field(2),
     .pay = kSorrelinPay,
@@ -109,7 +103,7 @@ constexpr std::array<PayColumn, 6> kPCIPaperPay{{
 constexpr ColumnMap kPCIPaper{
     .translator = "PCIPaper",
     .fields = 8,
-    .text_fields = Bits({2}),
+    .text_fields = TextFields({2}),
     .employee = Field(1),
     .name = Field(2),
     .pay = kPCIPaperPay,
@@ -127,7 +121,7 @@ constexpr std::array<PayColumn, 6> kCTuitRadarPay{{
 constexpr ColumnMap kCTuitRadar{
     .translator = "CTuitRadar",
     .fields = 9,
-    .text_fields = Bits({2, 3}),
+    .text_fields = TextFields({2, 3}),
     .heading_lines = 1,
     .employee = Field(1),
     .name = Field(2),
@@ -144,7 +138,7 @@ constexpr std::array<PayColumn, 3> kHootersPay{{
 constexpr ColumnMap kHooters{
     .translator = "Hooters",
     .fields = 5,
-    .text_fields = Bits({2}),
+    .text_fields = TextFields({2}),
     .heading_lines = 1,
     .employee = Field(1),
     .name = Field(2),
@@ -166,7 +160,7 @@ constexpr std::array<PayColumn, 9> kRBIPay{{
 constexpr ColumnMap kRBI{
     .translator = "RBI",
     .fields = 11,
-    .text_fields = Bits({2}),
+    .text_fields = TextFields({2}),
     .heading_lines = 1,
     .employee = Field(1),
     .name = Field(2),
@@ -183,7 +177,7 @@ constexpr std::array<PayColumn, 4> kRestaurantMagicPay{{
 constexpr ColumnMap kRestaurantMagic{
     .translator = "RestaurantMagic",
     .fields = 6,
-    .text_fields = Bits({2}),
+    .text_fields = TextFields({2}),
     .heading_lines = 1,
     .employee = Field(1),
     .name = Field(2),

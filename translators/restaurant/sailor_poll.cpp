@@ -33,7 +33,7 @@ const PayColumn kSAILORPollPay[] = {
 constexpr ColumnMap kSAILORPoll{
     .translator = "SAILORPoll",
     .fields = 9,
-    .text_fields = (1U << 1) | (1U << 2) | (1U << 3) | (1U << 4) | (1U << 5) | (1U << 6),
+    .text_fields = TextFields({1, 2, 3, 4, 5, 6}),
     .is_record = Sailor_IsEmployee,
     .employee = Field(3),
     .name = Field(4),

@@ -22,7 +22,7 @@ const PayColumn kShoneysPay[] = {
 constexpr ColumnMap kShoneys{
     .translator = "Shoneys",
     .fields = 6,
-    .text_fields = (1U << 1) | (1U << 2) | (1U << 4),
+    .text_fields = TextFields({1, 2, 4}),
     .heading_lines = 1,
     .translate_last_line = true,
     .employee = Field(2),

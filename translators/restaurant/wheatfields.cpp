@@ -21,7 +21,7 @@ const PayColumn kWheatfieldsPay[] = {
 constexpr ColumnMap kWheatfields{
     .translator = "Wheatfields",
     .fields = 6,
-    .text_fields = (1U << 1) | (1U << 2),
+    .text_fields = TextFields({1, 2}),
     .heading_lines = 1,
     .separator = '\t',
     .employee = Field(1),

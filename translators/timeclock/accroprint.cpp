@@ -20,7 +20,7 @@ constexpr PayColumn kAccroPrintPay[] = {
 constexpr ColumnMap kAccroPrintV20{
     .translator = "AccroPrintV20",
     .fields = 10,
-    .text_fields = (1U << 1) | (1U << 2) | (1U << 3),
+    .text_fields = TextFields({1, 2, 3}),
     .employee = Field(1),
     .name = Field(2),
     .first_name = Field(3),

@@ -19,7 +19,7 @@ constexpr ColumnMap kADIMap = [] {
   ColumnMap m;
   m.translator = "ADI";
   m.fields = 12;
-  m.text_fields = 1U << 1;  // the employee number keeps its leading zeros
+  m.text_fields = TextFields({1});  // the employee number keeps its leading zeros
   m.is_record = BeginsWithDigit;
   // the export has no closing line: its last line is an employee's
   m.translate_last_line = true;

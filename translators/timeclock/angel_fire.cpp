@@ -13,7 +13,7 @@ constexpr PayCode kAngelFireCodes[] = {
 constexpr ColumnMap kAngelFire{
     .translator = "AngelFire",
     .fields = 4,
-    .text_fields = (1U << 1) | (1U << 2) | (1U << 3),
+    .text_fields = TextFields({1, 2, 3}),
     .heading_lines = 1,
     .employee = Field(1),
     .name = Field(2),

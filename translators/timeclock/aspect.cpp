@@ -15,7 +15,7 @@ constexpr PayColumn kAspectPay[] = {
 constexpr ColumnMap kASP{
     .translator = "ASP",
     .fields = 5,
-    .text_fields = (1U << 1) | (1U << 2),
+    .text_fields = TextFields({1, 2}),
     .employee = Field(1),
     .name = Field(2),
     .pay = kAspectPay,

@@ -17,7 +17,7 @@ constexpr ColumnMap kBGSMap = [] {
   ColumnMap m;
   m.translator = "BGS";
   m.fields = 9;
-  m.text_fields = 1U << 1;
+  m.text_fields = TextFields({1});
   m.is_record = BeginsWithDigit;
   m.translate_last_line = true;
   m.employee = Field(1);

@@ -14,7 +14,7 @@ constexpr PayColumn kChronoTekPay[] = {
 constexpr ColumnMap kChronoTek{
     .translator = "ChronoTek",
     .fields = 7,
-    .text_fields = (1U << 1) | (1U << 2) | (1U << 3) | (1U << 4),
+    .text_fields = TextFields({1, 2, 3, 4}),
     .heading_lines = 1,
     .employee = Field(1),
     .name = Field(2),

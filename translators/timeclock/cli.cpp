@@ -18,7 +18,7 @@ constexpr PayColumn kCLIPay[] = {
 constexpr ColumnMap kCLI{
     .translator = "CLI",
     .fields = 8,
-    .text_fields = (1U << 1) | (1U << 2),
+    .text_fields = TextFields({1, 2}),
     .employee = Field(1),
     .name = Field(2),
     .pay = kCLIPay,

@@ -11,7 +11,7 @@ constexpr ColumnMap kGradienceMap = [] {
   ColumnMap m;
   m.translator = "Gradience";
   m.fields = 6;
-  m.text_fields = (1U << 1) | (1U << 3) | (1U << 4);  // number, E or D and code as written
+  m.text_fields = TextFields({1, 3, 4});  // number, E or D and code as written
   m.is_record = BeginsWithDigit;
   m.translate_last_line = true;
   m.employee = Field(1);

@@ -22,7 +22,7 @@ constexpr ColumnMap kHomewatchMap = [] {
   ColumnMap m;
   m.translator = "Homewatch";
   m.fields = 9;
-  m.text_fields = (1U << 1) | (1U << 3);
+  m.text_fields = TextFields({1, 3});
   m.is_record = BeginsWithDigit;
   m.employee = Field(1);
   m.name = Field(2);

@@ -17,7 +17,7 @@ constexpr ColumnMap kLathemMap = [] {
   ColumnMap m;
   m.translator = "Lathem";
   m.fields = 7;
-  m.text_fields = 1U << 1;
+  m.text_fields = TextFields({1});
   m.is_record = BeginsWithDigit;
   m.employee = Field(1);
   m.name = Field(2);
@@ -36,7 +36,7 @@ constexpr ColumnMap kLathem6Map = [] {
   ColumnMap m;
   m.translator = "Lathem6";
   m.fields = 9;
-  m.text_fields = 1U << 1;
+  m.text_fields = TextFields({1});
   m.is_record = BeginsWithDigit;
   m.employee = Field(1);
   m.name = Field(2);
@@ -71,7 +71,7 @@ constexpr ColumnMap kLathernMap = [] {
   ColumnMap m;
   m.translator = "Lathern";
   m.fields = 5;
-  m.text_fields = (1U << 1) | (1U << 3);
+  m.text_fields = TextFields({1, 3});
   m.separator = '\t';
   m.is_record = BeginsWithDigit;
   m.translate_last_line = true;

@@ -21,7 +21,7 @@ constexpr PayCode kNovaTimeCodes[] = {
 constexpr ColumnMap kNovaTime{
     .translator = "NovaTime",
     .fields = 5,
-    .text_fields = (1U << 1) | (1U << 2) | (1U << 3),
+    .text_fields = TextFields({1, 2, 3}),
     .employee = Field(1),
     .name = Field(2),
     .code_rule = CodeRule::Lookup,

@@ -17,7 +17,7 @@ constexpr PayColumn kTimeGuardianPay[] = {
 constexpr ColumnMap kTimeGuardian{
     .translator = "TimeGuardian",
     .fields = 7,
-    .text_fields = (1U << 1) | (1U << 2) | (1U << 3),
+    .text_fields = TextFields({1, 2, 3}),
     .employee = Field(1),
     .name = Field(2),
     .department = Field(3),

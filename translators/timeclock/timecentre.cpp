@@ -10,7 +10,7 @@ namespace {
 constexpr ColumnMap kTimeCentre{
     .translator = "TimeCentre",
     .fields = 8,
-    .text_fields = (1U << 1) | (1U << 2) | (1U << 3) | (1U << 4) | (1U << 5) | (1U << 6),
+    .text_fields = TextFields({1, 2, 3, 4, 5, 6}),
     .employee = Field(1),
     .name = Field(2),
     .department = Field(3),

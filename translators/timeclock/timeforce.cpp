@@ -24,7 +24,7 @@ constexpr PayColumn kTimeforcePay[] = {
 constexpr ColumnMap kTimeforceDCOG{
     .translator = "TimeforceDCOG",
     .fields = 15,
-    .text_fields = (1U << 1) | (1U << 2) | (1U << 3) | (1U << 4),
+    .text_fields = TextFields({1, 2, 3, 4}),
     .employee = Field(1),
     .name = Field(2),
     .first_name = Field(3),

@@ -17,7 +17,7 @@ const PayColumn kTimeTraxPay[] = {
 constexpr ColumnMap kTimeTrax{
     .translator = "TimeTrax",
     .fields = 6,
-    .text_fields = (1U << 1) | (1U << 2) | (1U << 3),
+    .text_fields = TextFields({1, 2, 3}),
     .heading_lines = 1,
     .translate_last_line = true,
     .employee = Field(1),

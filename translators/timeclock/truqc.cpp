@@ -14,7 +14,7 @@ constexpr PayColumn kTruQCPay[] = {
 constexpr ColumnMap kTruQC{
     .translator = "TruQC",
     .fields = 4,
-    .text_fields = (1U << 1) | (1U << 2),
+    .text_fields = TextFields({1, 2}),
     .employee = Field(1),
     .name = Field(2),
     .pay = kTruQCPay,
