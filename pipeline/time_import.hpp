@@ -6,9 +6,11 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <typeindex>
 #include <typeinfo>
 #include <unordered_map>
+#include <vector>
 
 #include "pipeline/import_check.hpp"
 #include "pipeline/import_record.hpp"
@@ -161,6 +163,14 @@ class frmTimeImport {
     Apply(category);
     WriteOutputRec();
   }
+  // Dollars given as a value go out in its printed form.
+  void WriteDollars(Cat category, const Value& amount) {
+    ImportRec.Hours.SetText("");
+    char room[kPrintedNumberRoom];
+    ImportRec.Amount.assign(PrintedView(amount, room));
+    Apply(category);
+    WriteOutputRec();
+  }
 
   // Shows a message; the title is "Corvane" unless given.
   MsgAnswer MsgBox(std::string_view text, MsgButtons buttons = MsgButtons::OKOnly,
@@ -225,7 +235,10 @@ class frmTimeImport {
   bool output_missing_ = false;
   bool kv8_loaded_ = false;
   bool tm_read_ = false;
-  std::string line_;  // the writers' line buffer
+  // The writers' line: built in line_buffer_, which grows only for a line longer than any
+  // before it, and seen through line_ until the next line is built.
+  std::vector<char> line_buffer_;
+  std::string_view line_;
 };
 
 }  // namespace corvane

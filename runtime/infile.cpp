@@ -7,6 +7,10 @@
 #include <filesystem>
 #include <system_error>
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 #include "runtime/digits.hpp"
 #include "runtime/errors.hpp"
 
@@ -40,10 +44,78 @@ constexpr ByteSet FieldEnds(bool text_mode) {
 constexpr ByteSet kTextFieldEnds = FieldEnds(true);
 constexpr ByteSet kByteFieldEnds = FieldEnds(false);
 
+// The end of an unquoted field: the first byte of ends in [p, stop), or stop.
+const char* FieldEnd(const char* p, const char* stop, bool text_mode) {
+  const ByteSet& ends = text_mode ? kTextFieldEnds : kByteFieldEnds;
+  while (p != stop && !ends[static_cast<unsigned char>(*p)]) ++p;
+  return p;
+}
+
+// The field ends among 64 bytes: bit i is set when block[i] ends an unquoted field.
+std::uint64_t FieldEndsOf64(const char* block, bool text_mode) {
+#if defined(__SSE2__)
+  const __m128i comma = _mm_set1_epi8(',');
+  const __m128i cr = _mm_set1_epi8('\r');
+  const __m128i lf = _mm_set1_epi8('\n');
+  // outside text mode a Ctrl-Z is data: the comma stands in its place
+  const __m128i ctrl_z = _mm_set1_epi8(text_mode ? static_cast<char>(kCtrlZ) : ',');
+  std::uint64_t found = 0;
+  for (int i = 0; i < 4; ++i) {
+    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(block + 16 * i));
+    const __m128i hits =
+        _mm_or_si128(_mm_or_si128(_mm_cmpeq_epi8(bytes, comma), _mm_cmpeq_epi8(bytes, cr)),
+                     _mm_or_si128(_mm_cmpeq_epi8(bytes, lf), _mm_cmpeq_epi8(bytes, ctrl_z)));
+    found |= static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(hits)))
+             << (16 * i);
+  }
+  return found;
+#else
+  const ByteSet& ends = text_mode ? kTextFieldEnds : kByteFieldEnds;
+  std::uint64_t found = 0;
+  for (int i = 0; i < 64; ++i) {
+    if (ends[static_cast<unsigned char>(block[i])]) found |= std::uint64_t{1} << i;
+  }
+  return found;
+#endif
+}
+
 // The first `byte` in [begin, end), or end when there is none.
 const char* FindByte(const char* begin, const char* end, char byte) {
   const void* at = std::memchr(begin, byte, static_cast<std::size_t>(end - begin));
   return at != nullptr ? static_cast<const char*>(at) : end;
+}
+
+// The figure test of an unquoted field's text [p, last): number is set for a short plain
+// figure ("[sign]digits[.digits]", 15 digits at most), converted in the same pass;
+// plain_number_left when it is no such figure but may still be a plain number (an
+// exponent, more digits), which the full test then decides.
+template <class Field>
+void TakeFigure(const char* p, const char* const last, Field& field) {
+  bool negative = false;
+  if (p != last && (*p == '-' || *p == '+')) {
+    negative = *p == '-';
+    ++p;
+  }
+  std::uint64_t digits = 0;
+  int count = 0;
+  int places = -1;  // digits after the point; -1 before it
+  for (; p != last; ++p) {
+    const unsigned d = static_cast<unsigned>(static_cast<unsigned char>(*p)) - '0';
+    if (d < 10) {
+      digits = digits * 10 + d;  // wraps harmlessly past 19 digits: more than 15 is no figure
+      ++count;
+      if (places >= 0) ++places;
+    } else if (*p == '.' && places < 0) {
+      places = 0;
+    } else {
+      break;
+    }
+  }
+  field.is_number = p == last && count > 0 && count <= 15;
+  if (field.is_number) field.number = detail::ShortDecimalValue(digits, places, negative);
+  // a plain number needs a digit, and after its digits only an exponent
+  field.plain_number_left =
+      !field.is_number && count > 0 && (p == last || *p == 'e' || *p == 'E');
 }
 
 }  // namespace
@@ -73,6 +145,7 @@ void InputFile::Open(const std::string& path, OpenMode mode, int record_length) 
   if (buffer_.size() != kBufferSize) buffer_.assign(kBufferSize, '\0');
   pos_ = 0;
   end_ = 0;
+  block_at_ = kNoBlock;
   data_end_ = false;
   record_eof_ = false;
 }
@@ -84,6 +157,7 @@ void InputFile::Close() {
   record_length_ = 0;
   pos_ = 0;
   end_ = 0;
+  block_at_ = kNoBlock;
   data_end_ = false;
   record_eof_ = false;
 }
@@ -99,6 +173,7 @@ void InputFile::RequireOpen() const {
 bool InputFile::Fill() {
   if (data_end_) return false;
   pos_ = 0;
+  block_at_ = kNoBlock;
   end_ = std::fread(buffer_.data(), 1, buffer_.size(), file_);
   if (end_ == 0) {
     // A failing disk is not the end of an export: say so rather than stop short quietly.
@@ -232,7 +307,25 @@ int InputFile::TakeField(std::string& text, bool quoted) {
   }
 }
 
-bool InputFile::FieldInBuffer(Field& field) {
+const char* InputFile::UnquotedFieldEnd(const char* p) {
+  const char* const base = buffer_.data();
+  std::size_t at = static_cast<std::size_t>(p - base);
+  for (;;) {
+    // wraps to a large figure when at lies before the block or no block is held
+    const std::size_t into = at - block_at_;
+    if (into < 64) {
+      const std::uint64_t rest = block_ends_ >> into;
+      if (rest != 0) return base + at + __builtin_ctzll(rest);
+      at = block_at_ + 64;
+    }
+    if (end_ - at < 64) break;
+    block_at_ = at;
+    block_ends_ = FieldEndsOf64(base + at, mode_ == OpenMode::Text);
+  }
+  return FieldEnd(base + at, base + end_, mode_ == OpenMode::Text);
+}
+
+[[gnu::always_inline]] inline bool InputFile::FieldInBuffer(Field& field) {
   if (file_ == nullptr) return false;
   const char* const begin = buffer_.data() + pos_;
   const char* const stop = buffer_.data() + end_;
@@ -262,31 +355,9 @@ bool InputFile::FieldInBuffer(Field& field) {
     return true;
   }
 
-  // One pass takes the digits of a plain figure as far as they go, then finds the end.
+  // The end first, from the buffer's blocks of field ends; then the figure, if it is one.
   const char* const start = p;
-  bool negative = false;
-  if (*p == '-' || *p == '+') {
-    negative = *p == '-';
-    ++p;
-  }
-  std::uint64_t digits = 0;
-  int count = 0;
-  int places = -1;  // digits after the point; -1 before it
-  for (; p != stop; ++p) {
-    const unsigned d = static_cast<unsigned>(static_cast<unsigned char>(*p)) - '0';
-    if (d < 10) {
-      digits = digits * 10 + d;  // wraps harmlessly past 19 digits: more than 15 is no figure
-      ++count;
-      if (places >= 0) ++places;
-    } else if (*p == '.' && places < 0) {
-      places = 0;
-    } else {
-      break;
-    }
-  }
-  const char* const figure_end = p;
-  const ByteSet& ends = text_mode ? kTextFieldEnds : kByteFieldEnds;
-  while (p != stop && !ends[static_cast<unsigned char>(*p)]) ++p;
+  p = UnquotedFieldEnd(p);
   if (p == stop || *p == kCtrlZ) return false;
   const char* after = p + 1;
   if (*p == '\r') {
@@ -297,9 +368,7 @@ bool InputFile::FieldInBuffer(Field& field) {
   while (last != start && IsBlank(static_cast<unsigned char>(last[-1]))) --last;
   field.text = std::string_view(start, static_cast<std::size_t>(last - start));
   field.quoted = false;
-  // a figure only when nothing but the blanks dropped follows its digits
-  field.is_number = figure_end == last && count > 0 && count <= 15;
-  if (field.is_number) field.number = detail::ShortDecimalValue(digits, places, negative);
+  TakeFigure(start, last, field);
   pos_ = static_cast<std::size_t>(after - buffer_.data());
   return true;
 }
@@ -311,8 +380,12 @@ void InputFile::Input(Value& into) {
     AssignFieldValue(into, field_, field.quoted);
   } else if (field.is_number) {
     into.SetNumber(field.number);
+  } else if (field.plain_number_left) {
+    AssignFieldValue(into, field.text, false);
+  } else if (field.quoted || !field.text.empty()) {
+    into.SetText(field.text);
   } else {
-    AssignFieldValue(into, field.text, field.quoted);
+    into.SetBlank();
   }
 }
 

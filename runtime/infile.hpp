@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -76,14 +77,24 @@ class InputFile {
   // read), consumes it, and returns true. Returns false, consuming nothing, for a field that
   // the buffer's end, a Ctrl-Z or an unusual tail after a closing quote leave to ReadField.
   // number is set when the field is a short plain figure ("[sign]digits[.digits]", 15
-  // digits at most), which the same pass converts.
+  // digits at most), which the same pass converts; plain_number_left is set when the field
+  // is no such figure but may still be a plain number (an exponent, more digits), which
+  // the full test then decides. Any other unquoted field is text, or blank when empty.
   struct Field {
     std::string_view text;
     bool quoted = false;
     bool is_number = false;
+    bool plain_number_left = false;
     double number = 0.0;
   };
   bool FieldInBuffer(Field& field);
+  // The end of the unquoted field at p in the buffer: its first comma, line end or (in
+  // text mode) Ctrl-Z, or the buffer's end. The ends of 64 bytes are found at once and
+  // kept for the fields that follow: most fields are a few bytes long, and a
+  // byte-by-byte search pays a mispredicted branch at the end of each.
+  const char* UnquotedFieldEnd(const char* p);
+
+  static constexpr std::size_t kNoBlock = static_cast<std::size_t>(-1) / 2;
 
   std::FILE* file_ = nullptr;
   OpenMode mode_ = OpenMode::None;
@@ -91,6 +102,10 @@ class InputFile {
   std::vector<char> buffer_;
   std::size_t pos_ = 0;
   std::size_t end_ = 0;
+  // The field ends of the 64 bytes from block_at_ (bit i for byte block_at_ + i), valid
+  // until the buffer is filled again; kNoBlock when none is held.
+  std::size_t block_at_ = kNoBlock;
+  std::uint64_t block_ends_ = 0;
   bool data_end_ = false;    // no more bytes in the file (or Ctrl-Z met in Text mode)
   bool record_eof_ = false;  // Fixed mode: a Get came up short
   std::string field_;        // scratch for delimited reads

@@ -75,8 +75,11 @@ std::string Mid(TextArg t, long start, long n) {
   return std::string(s.substr(from, static_cast<std::size_t>(n)));
 }
 
+std::string_view TrimView(std::string_view s) {
+  return TrimRightView(TrimLeftView(s));
+}
 std::string Trim(TextArg t) {
-  return std::string(TrimRightView(TrimLeftView(t.view())));
+  return std::string(TrimView(t.view()));
 }
 std::string LTrim(TextArg t) {
   return std::string(TrimLeftView(t.view()));

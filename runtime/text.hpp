@@ -35,6 +35,8 @@ std::string Right(TextArg t, long n);
 std::string Mid(TextArg t, long start);
 std::string Mid(TextArg t, long start, long n);
 std::string Trim(TextArg t);
+// Trim without a copy: the part of s between its leading and trailing blanks.
+std::string_view TrimView(std::string_view s);
 std::string LTrim(TextArg t);
 std::string RTrim(TextArg t);
 std::string UCase(TextArg t);

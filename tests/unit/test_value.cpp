@@ -124,6 +124,40 @@ TEST(ValuePrint, FastPathsAgreeWithFifteenDigitRounding) {
   for (int i = 0; i < 200000; ++i) ExpectDigitsMatch(small(rng));
 }
 
+// The printed form a figure between 1e-4 and 1e15 must take: its 15-digit rounding written
+// out with a point, no exponent.
+std::string ReferencePrinted(double x) {
+  int exponent = 0;
+  const std::string digits = Reference15(x, exponent);
+  std::string out = x < 0 ? "-" : "";
+  if (exponent < 0) {
+    out += "0.";
+    out.append(static_cast<std::size_t>(-exponent - 1), '0');
+    out += digits;
+    return out;
+  }
+  const auto whole = static_cast<std::size_t>(exponent) + 1;
+  out += digits.substr(0, whole);
+  if (digits.size() < whole) out.append(whole - digits.size(), '0');
+  if (digits.size() > whole) out += "." + digits.substr(whole);
+  return out;
+}
+
+TEST(ValuePrint, FiguresWithPlacesPrintTheirFifteenDigitRounding) {
+  // cents, mills and hours of either sign, small and large; sums that miss their decimal
+  for (int i = 1; i < 300000; i += 7) {
+    for (const double x : {i / 100.0, -i / 100.0, i / 1000.0, i * 0.01 + 0.1, i / 1e6,
+                           i * 1234.5678, i / 64.0, 1e9 + i / 100.0, i / 7.0, i * 1e-8}) {
+      if (std::fabs(x) < 1e-4 || std::fabs(x) >= 1e15) continue;
+      ASSERT_EQ(PrintNumber(x), ReferencePrinted(x)) << x;
+    }
+  }
+  EXPECT_EQ(PrintNumber(25.08), "25.08");
+  EXPECT_EQ(PrintNumber(-0.0105), "-0.0105");
+  EXPECT_EQ(PrintNumber(99999999999999.5), "99999999999999.5");
+  EXPECT_EQ(PrintNumber(0.000123456), "0.000123456");
+}
+
 TEST(ValuePrint, StrAndAppendTo) {
   EXPECT_EQ(Value().str(), "");
   EXPECT_EQ(Value("abc").str(), "abc");

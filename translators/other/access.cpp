@@ -21,7 +21,8 @@ bool AccessRead(frmTimeImport& F) {
   InputFile& file = F.File(1);
   for (int i = 1; i <= 21; ++i) file.Input(in.Access_F[i]);
   // A record without an employee number is passed over and not counted.
-  return !Trim(in.Access_F[3]).empty();
+  char room[kPrintedNumberRoom];
+  return !TrimView(PrintedView(in.Access_F[3], room)).empty();
 }
 
 // field = Replace(field, "$", ""), which leaves text: a short text loses its "$" in place.
@@ -43,20 +44,24 @@ void DropDollarSigns(Value& field) {
 void Access(frmTimeImport& F) {
   auto& f = F.Fields<AccessFields>().Access_F;
   ImportRecord& r = F.ImportRec;
-  r.payrate = r.Job = r.Division = r.Department = r.Branch = r.Shift = r.Team = "";
-  r.SSN = "";
-  r.Employee_Name = "";
-  r.DorE = "E";
-  r.Seq = "1";
-  r.Employee_no = Trim(f[3]);
+  for (Value* cleared : {&r.payrate, &r.Job, &r.Division, &r.Department, &r.Branch, &r.Shift,
+                         &r.Team, &r.Employee_Name}) {
+    cleared->SetText("");
+  }
+  r.SSN.clear();
+  r.DorE.SetText("E");
+  r.Seq.SetText("1");
+  char room[kPrintedNumberRoom];
+  r.Employee_no.SetText(TrimView(PrintedView(f[3], room)));
 
   for (int n : {4, 10, 13, 14, 15}) DropDollarSigns(f[n]);
 
   auto hours = [&](int n, Cat category) {
     if (NumericAbove0(f[n])) F.WriteHours(category, f[n]);
   };
+  // Every dollar field has lost its "$" above: its printed form is the amount.
   auto dollars = [&](int n, Cat category) {
-    if (NumericAbove0(f[n])) F.WriteDollars(category, Replace(f[n], "$", ""));
+    if (NumericAbove0(f[n])) F.WriteDollars(category, f[n]);
   };
 
   hours(6, Cat::Reg);
