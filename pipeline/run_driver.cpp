@@ -219,6 +219,9 @@ void frmTimeImport::InitFiles() {
     if (!fs.folderexists(Output_Path.str())) fs.CreateFolder(Output_Path.str());
     OutputStream = fs.createtextfile(OUTFile.str(), true);
     AuditStream = fs.createtextfile(AuditFile.str(), true);
+    // the run's two large files reach the disk while the reading goes on
+    OutputStream->WriteBehind();
+    AuditStream->WriteBehind();
     summary_.BeginFile(OUTFile.str(), false);
     if (qsr) {
       ExceptionStream = fs.createtextfile(OtherOUTFile, true);
@@ -243,6 +246,8 @@ void frmTimeImport::CreateOutputFiles() {
   output_missing_ = false;
   OutputStream = fs.createtextfile(OUTFile.str(), true);
   AuditStream = fs.createtextfile(AuditFile.str(), true);
+  OutputStream->WriteBehind();
+  AuditStream->WriteBehind();
   summary_.BeginFile(OUTFile.str(), false);
 }
 

@@ -214,7 +214,9 @@ class frmTimeImport {
   void CloseOutputStreams();
   // The writers' first steps: the drop rules and the shift; false drops the record.
   bool KeepRecord(bool x_passes);
-  void BuildLine(bool other);
+  // hours: the Hours field in its printed form
+  void BuildLine(bool other, std::string_view hours);
+  void WriteAuditRec(std::string_view hours);
   // A line just written: into the summary and through the check.
   void NoteWritten(bool other);
 

@@ -175,18 +175,20 @@ TextStream& Stream(std::unique_ptr<TextStream>& stream) {
 
 }  // namespace
 
-void frmTimeImport::BuildLine(bool other) {
+void frmTimeImport::BuildLine(bool other, std::string_view hours) {
   const ImportRecord& r = ImportRec;
   LineBuilder b(line_buffer_, line_);
   auto field = [&b](const Value& v) __attribute__((always_inline)) {
     b.Put(',');
     b.Put(v);
   };
-  auto text = [&b](const std::string& s) __attribute__((always_inline)) {
+  auto text = [&b](std::string_view s) __attribute__((always_inline)) {
     b.Put(',');
-    b.Put(std::string_view(s));
+    b.Put(s);
   };
-  auto blank = [&b]() __attribute__((always_inline)) { b.Put(','); };
+  auto blank = [&b]() __attribute__((always_inline)) {
+    b.Put(',');
+  };
 
   b.Put(std::string_view(quote));
   b.Put(r.Employee_no);
@@ -201,7 +203,7 @@ void frmTimeImport::BuildLine(bool other) {
   field(r.DorE);          // 6
   field(r.Earning_Code);  // 7
   field(r.payrate);       // 8
-  field(r.Hours);         // 9
+  text(hours);            // 9
   if (!other && ChosenTC == "Denny's DINE - Relco") {
     field(r.CorvaneYear);   // 10
     field(r.CorvaneMonth);  // 11
@@ -263,22 +265,27 @@ bool frmTimeImport::KeepRecord(bool x_passes) {
 void frmTimeImport::WriteOutputRec() {
   // "eWorks" passes a code of "X" through to the file.
   if (!KeepRecord(S[PickTC].SelectedText() == "eWorks")) return;
-  BuildLine(false);
+  // the hours print once for both files
+  char room[kPrintedNumberRoom];
+  const std::string_view hours = PrintedView(ImportRec.Hours, room);
+  BuildLine(false, hours);
   Build_String.SetText(line_);
   Stream(OutputStream).WriteLine(line_);
   ++RecCount;
   NoteWritten(false);
-  WriteAuditRec();
+  WriteAuditRec(hours);
 }
 
 void frmTimeImport::WriteOutputRecOther() {
   if (!KeepRecord(false)) return;
-  BuildLine(true);
+  char room[kPrintedNumberRoom];
+  const std::string_view hours = PrintedView(ImportRec.Hours, room);
+  BuildLine(true, hours);
   Build_String.SetText(line_);
   Stream(ExceptionStream).WriteLine(line_);
   ++RecCount;
   NoteWritten(true);
-  WriteAuditRec();
+  WriteAuditRec(hours);
 }
 
 void frmTimeImport::NoteWritten(bool other) {
@@ -292,6 +299,11 @@ void frmTimeImport::NoteWritten(bool other) {
 }
 
 void frmTimeImport::WriteAuditRec() {
+  char room[kPrintedNumberRoom];
+  WriteAuditRec(PrintedView(ImportRec.Hours, room));
+}
+
+void frmTimeImport::WriteAuditRec(std::string_view hours) {
   const ImportRecord& r = ImportRec;
   // Both lines go to the stream in one write: the first with its line end, the second
   // taking the stream's own.
@@ -314,7 +326,7 @@ void frmTimeImport::WriteAuditRec() {
     b.Put(std::string_view(" - "));
     // Hours > "": a number always prints something, a text compares as text, blank as "".
     if (r.Hours.IsNumber() || !r.Hours.text().empty()) {
-      b.Put(r.Hours);
+      b.Put(hours);
       b.Put(std::string_view(" Hours"));
     } else {
       b.Put(std::string_view(r.Amount));

@@ -16,9 +16,9 @@ namespace corvane::detail {
 inline double ShortDecimalValue(std::uint64_t digits, int places, bool negative) {
   static constexpr double kPow10[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                       1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-  // a whole figure needs no division, the slowest step of a read
-  const double value = places <= 0 ? static_cast<double>(digits)
-                                    : static_cast<double>(digits) / kPow10[places];
+  // a whole figure, or nought ("0.00"), needs no division, the slowest step of a read
+  const double value = places <= 0 || digits == 0 ? static_cast<double>(digits)
+                                                  : static_cast<double>(digits) / kPow10[places];
   return negative ? -value : value;
 }
 

@@ -6,9 +6,12 @@
 
 #include <atomic>
 #include <cerrno>
+#include <condition_variable>
 #include <cstring>
 #include <filesystem>
+#include <mutex>
 #include <system_error>
+#include <thread>
 
 #include "runtime/errors.hpp"
 
@@ -108,6 +111,86 @@ std::string JoinPath(std::string_view folder, std::string_view name) {
   return path;
 }
 
+namespace {
+
+// Writes all of data to fd; 0, or the error number of what stopped it.
+int WriteAll(int fd, const char* data, std::size_t size) noexcept {
+  while (size > 0) {
+    const long n = Ops().Write(fd, data, size);
+    if (n < 0) {
+      if (errno == EINTR) continue;
+      return FileErrorNumber(errno);
+    }
+    // a disk that takes nothing more without saying why is full
+    if (n == 0) return kDiskFull;
+    data += n;
+    size -= static_cast<std::size_t>(n);
+  }
+  return 0;
+}
+
+}  // namespace
+
+class TextStream::Behind {
+ public:
+  explicit Behind(int fd) : fd_(fd), thread_([this] { Run(); }) {}
+  ~Behind() {
+    {
+      std::lock_guard<std::mutex> lock(mutex_);
+      stop_ = true;
+    }
+    changed_.notify_all();
+    thread_.join();
+  }
+  Behind(const Behind&) = delete;
+  Behind& operator=(const Behind&) = delete;
+
+  // Waits for the buffer handed over last; returns the error it met, 0 when none.
+  int Wait() {
+    std::unique_lock<std::mutex> lock(mutex_);
+    changed_.wait(lock, [this] { return !pending_; });
+    return error_;
+  }
+  // Takes size bytes of buffer to write, giving its own empty buffer in exchange. Only
+  // once Wait has returned 0.
+  void Take(std::unique_ptr<char[]>& buffer, std::size_t size) {
+    {
+      std::lock_guard<std::mutex> lock(mutex_);
+      std::swap(buffer, buffer_);
+      size_ = size;
+      pending_ = true;
+    }
+    changed_.notify_all();
+  }
+
+ private:
+  void Run() {
+    std::unique_lock<std::mutex> lock(mutex_);
+    for (;;) {
+      changed_.wait(lock, [this] { return pending_ || stop_; });
+      if (!pending_) return;
+      const char* const data = buffer_.get();
+      const std::size_t size = size_;
+      lock.unlock();
+      const int error = WriteAll(fd_, data, size);
+      lock.lock();
+      error_ = error;
+      pending_ = false;
+      changed_.notify_all();
+    }
+  }
+
+  const int fd_;
+  std::unique_ptr<char[]> buffer_ = std::make_unique<char[]>(kStreamBuffer);
+  std::size_t size_ = 0;
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  bool pending_ = false;
+  bool stop_ = false;
+  int error_ = 0;
+  std::thread thread_;  // last: it starts once everything above is ready
+};
+
 TextStream::TextStream(FileSystem* owner, std::string path, int fd, std::string temp)
     : owner_(owner),
       path_(std::move(path)),
@@ -120,6 +203,7 @@ TextStream::~TextStream() {
   // dropped, and the file it was to replace stays as it was.
   if (fd_ >= 0 && temp_.empty() && failure_ == 0) {
     try {
+      Settle();
       Drain();
     } catch (const RuntimeError&) {
     }
@@ -128,6 +212,7 @@ TextStream::~TextStream() {
 }
 
 void TextStream::Release() noexcept {
+  behind_.reset();  // its thread writes to the file: it stops before the file is closed
   if (fd_ >= 0) {
     Ops().Close(fd_);
     fd_ = -1;
@@ -164,12 +249,37 @@ void TextStream::Drain() {
   WriteOut(buffer_.get(), size);
 }
 
+void TextStream::HandOff() {
+  if (!behind_) behind_ = std::make_unique<Behind>(fd_);
+  if (const int error = behind_->Wait(); error != 0) {
+    used_ = 0;
+    Fail(error);
+  }
+  behind_->Take(buffer_, used_);
+  used_ = 0;
+}
+
+void TextStream::Settle() {
+  if (!behind_) return;
+  if (const int error = behind_->Wait(); error != 0) {
+    used_ = 0;
+    Fail(error);
+  }
+}
+
 void TextStream::WriteLine(std::string_view line) {
   if (failure_ != 0) Raise(failure_);
   if (fd_ < 0) Raise(kBadFileNameOrNumber);
   const std::size_t size = line.size() + 2;
-  if (used_ + size > kStreamBuffer) Drain();
+  if (used_ + size > kStreamBuffer) {
+    if (write_behind_) {
+      HandOff();
+    } else {
+      Drain();
+    }
+  }
   if (size > kStreamBuffer) {
+    Settle();  // what the second thread holds goes first
     WriteOut(line.data(), line.size());
     WriteOut("\r\n", 2);
     return;
@@ -184,6 +294,7 @@ void TextStream::WriteLine(std::string_view line) {
 void TextStream::Flush() {
   if (failure_ != 0) Raise(failure_);
   if (fd_ < 0) return;
+  Settle();
   Drain();
 }
 
@@ -194,6 +305,7 @@ void TextStream::Close() {
   }
   if (fd_ < 0) return;
   try {
+    Settle();
     Drain();
     if (!temp_.empty() && Ops().Sync(fd_) != 0) Fail(FileErrorNumber(errno));
   } catch (const RuntimeError&) {

@@ -61,10 +61,20 @@ class TextStream {
   void Close();
   const std::string& path() const { return path_; }
 
+  // From now on a full buffer goes to the disk on a second thread while the next one fills:
+  // for the large files of a run. What the disk refuses there is raised at the next full
+  // buffer, Flush or Close, and nothing written after it reaches the file.
+  void WriteBehind() { write_behind_ = true; }
+
  private:
   friend class FileSystem;
+  class Behind;  // the second thread and its buffer
   TextStream(FileSystem* owner, std::string path, int fd, std::string temp);
   void Drain();
+  // The full buffer handed to the second thread, once the buffer before it is on the disk.
+  void HandOff();
+  // Waits until the second thread has nothing left to write, then raises what it met.
+  void Settle();
   void WriteOut(const char* data, std::size_t size);
   [[noreturn]] void Fail(int number);
   void Release() noexcept;
@@ -76,6 +86,8 @@ class TextStream {
   int failure_ = 0;
   std::unique_ptr<char[]> buffer_;
   std::size_t used_ = 0;
+  bool write_behind_ = false;
+  std::unique_ptr<Behind> behind_;  // started at the first full buffer
 };
 
 class FileSystem {

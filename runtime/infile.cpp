@@ -1,11 +1,17 @@
 #include "runtime/infile.hpp"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <array>
+#include <atomic>
+#include <condition_variable>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
+#include <mutex>
 #include <system_error>
+#include <thread>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -65,8 +71,7 @@ std::uint64_t FieldEndsOf64(const char* block, bool text_mode) {
     const __m128i hits =
         _mm_or_si128(_mm_or_si128(_mm_cmpeq_epi8(bytes, comma), _mm_cmpeq_epi8(bytes, cr)),
                      _mm_or_si128(_mm_cmpeq_epi8(bytes, lf), _mm_cmpeq_epi8(bytes, ctrl_z)));
-    found |= static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(hits)))
-             << (16 * i);
+    found |= static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(hits))) << (16 * i);
   }
   return found;
 #else
@@ -111,14 +116,156 @@ void TakeFigure(const char* p, const char* const last, Field& field) {
       break;
     }
   }
-  field.is_number = p == last && count > 0 && count <= 15;
-  if (field.is_number) field.number = detail::ShortDecimalValue(digits, places, negative);
-  // a plain number needs a digit, and after its digits only an exponent
-  field.plain_number_left =
-      !field.is_number && count > 0 && (p == last || *p == 'e' || *p == 'E');
+  if (p == last && count > 0 && count <= 15) {
+    field.kind = Field::kNumber;
+    field.number = detail::ShortDecimalValue(digits, places, negative);
+  } else if (count > 0 && (p == last || *p == 'e' || *p == 'E')) {
+    // a plain number needs a digit, and after its digits only an exponent
+    field.kind = Field::kPlainNumberLeft;
+  } else {
+    field.kind = 0;
+  }
 }
 
 }  // namespace
+
+namespace {
+
+// Exports of a megabyte or more; small ones gain nothing from a second thread.
+std::atomic<std::uintmax_t> read_ahead_from{1024 * 1024};
+
+}  // namespace
+
+void InputFile::SetReadAheadFrom(std::uintmax_t bytes) {
+  read_ahead_from = bytes;
+}
+
+class InputFile::ReadAhead {
+  static_assert(sizeof(Token) == 16, "a field found ahead takes sixteen bytes");
+
+ public:
+  struct Chunk {
+    std::vector<char> bytes = std::vector<char>(kBufferSize);
+    std::size_t size = 0;
+    bool failed = false;  // the read of this chunk failed; nothing follows it
+    std::vector<Token> tokens;
+  };
+
+  // Comma fields are looked for unless the file is read as fixed records.
+  ReadAhead(std::FILE* file, OpenMode mode)
+      : file_(file),
+        text_mode_(mode == OpenMode::Text),
+        find_fields_(mode != OpenMode::Fixed),
+        thread_([this] { Run(); }) {}
+
+  ~ReadAhead() {
+    {
+      std::lock_guard<std::mutex> lock(mutex_);
+      stop_ = true;
+    }
+    changed_.notify_all();
+    thread_.join();
+  }
+
+  ReadAhead(const ReadAhead&) = delete;
+  ReadAhead& operator=(const ReadAhead&) = delete;
+
+  // The next chunk of the file, waiting for it; the chunk handed out before goes back to be
+  // filled again. Past the end (or a failure), the last chunk, empty, is handed out again.
+  const Chunk& Next() {
+    std::unique_lock<std::mutex> lock(mutex_);
+    released_ = taken_;
+    changed_.notify_all();
+    changed_.wait(lock, [this] { return filled_ > taken_ || finished_; });
+    if (filled_ == taken_) return chunks_[(taken_ - 1) % kChunks];
+    return chunks_[taken_++ % kChunks];
+  }
+
+ private:
+  static constexpr std::size_t kChunks = 3;
+  // At most one field for every four bytes is kept; past that, the read finds the rest.
+  static constexpr std::size_t kMostTokens = kBufferSize / 4;
+
+  void Run() {
+    for (std::size_t n = 0;; ++n) {
+      {
+        std::unique_lock<std::mutex> lock(mutex_);
+        changed_.wait(lock, [&] { return stop_ || n - released_ < kChunks; });
+        if (stop_) return;
+      }
+      Chunk& chunk = chunks_[n % kChunks];
+      chunk.size = std::fread(chunk.bytes.data(), 1, chunk.bytes.size(), file_);
+      chunk.failed = chunk.size == 0 && std::ferror(file_) != 0;
+      chunk.tokens.clear();
+      if (find_fields_) FindFields(chunk);
+      {
+        std::lock_guard<std::mutex> lock(mutex_);
+        filled_ = n + 1;
+        finished_ = chunk.size == 0;
+      }
+      changed_.notify_all();
+      if (chunk.size == 0) return;
+    }
+  }
+
+  // The fields of a chunk, from its first byte on. A chunk after the first may begin inside
+  // a field, so some of what is found may be no field the read ever takes: the read uses
+  // only a field found at the very place it stands.
+  void FindFields(Chunk& chunk) const {
+    const char* const data = chunk.bytes.data();
+    // In text mode the data ends at a Ctrl-Z: no field is looked for from there on. A field
+    // told short of it is the same field the read tells with every byte in view.
+    std::size_t limit = chunk.size;
+    if (text_mode_) {
+      if (const void* at = std::memchr(data, kCtrlZ, chunk.size)) {
+        limit = static_cast<std::size_t>(static_cast<const char*>(at) - data);
+      }
+    }
+    FieldEnds ends;
+    Field field;
+    std::size_t pos = 0;
+    std::size_t comma = 0, line_feed = 0;  // the next found, or limit when there is none
+    while (pos < limit && chunk.tokens.size() < kMostTokens) {
+      std::size_t next = 0;
+      if (ScanField(data, pos, limit, text_mode_, ends, field, next)) {
+        const auto skip = static_cast<std::size_t>(field.text.data() - (data + pos));
+        // a field too long for the token's figures is left for the read to find
+        if (next - pos <= 0xFFFF && skip <= 0xFF) {
+          chunk.tokens.push_back(Token{field.number, static_cast<std::uint16_t>(pos),
+                                       static_cast<std::uint16_t>(next - pos),
+                                       static_cast<std::uint16_t>(field.text.size()),
+                                       static_cast<std::uint8_t>(skip), field.kind});
+        }
+        pos = next;
+        continue;
+      }
+      // No field can be told here: go on after the next comma or line feed. Each is looked
+      // for again only once the search has passed it.
+      if (comma <= pos) comma = Find(data, pos, limit, ',');
+      if (line_feed <= pos) line_feed = Find(data, pos, limit, '\n');
+      pos = std::min(comma, line_feed) + 1;
+    }
+  }
+
+  // The place of the first `byte` in data[from, limit), or limit.
+  static std::size_t Find(const char* data, std::size_t from, std::size_t limit, char byte) {
+    const void* at = std::memchr(data + from, byte, limit - from);
+    return at != nullptr ? static_cast<std::size_t>(static_cast<const char*>(at) - data) : limit;
+  }
+
+  std::FILE* const file_;
+  const bool text_mode_;
+  const bool find_fields_;
+  std::array<Chunk, kChunks> chunks_;
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::size_t filled_ = 0;    // chunks filled so far
+  std::size_t taken_ = 0;     // chunks handed to the read so far
+  std::size_t released_ = 0;  // chunks the read is done with
+  bool finished_ = false;     // the last chunk is filled: the file ended or failed
+  bool stop_ = false;
+  std::thread thread_;  // last: it starts once everything above is ready
+};
 
 InputFile::InputFile() = default;
 
@@ -142,22 +289,34 @@ void InputFile::Open(const std::string& path, OpenMode mode, int record_length) 
   file_ = file;
   mode_ = mode;
   record_length_ = record_length;
-  if (buffer_.size() != kBufferSize) buffer_.assign(kBufferSize, '\0');
   pos_ = 0;
   end_ = 0;
-  block_at_ = kNoBlock;
+  ends_ = FieldEnds{};
   data_end_ = false;
   record_eof_ = false;
+  struct stat info {};
+  if (::fstat(fileno(file), &info) == 0 && S_ISREG(info.st_mode) &&
+      static_cast<std::uintmax_t>(info.st_size) >= read_ahead_from) {
+    ahead_ = std::make_unique<ReadAhead>(file, mode);
+  } else {
+    if (buffer_.size() != kBufferSize) buffer_.assign(kBufferSize, '\0');
+    data_ = buffer_.data();
+  }
 }
 
 void InputFile::Close() {
+  ahead_.reset();  // its thread reads the file: it stops before the file is closed
   if (file_ != nullptr) std::fclose(file_);
   file_ = nullptr;
   mode_ = OpenMode::None;
   record_length_ = 0;
+  data_ = nullptr;
   pos_ = 0;
   end_ = 0;
-  block_at_ = kNoBlock;
+  ends_ = FieldEnds{};
+  tokens_ = nullptr;
+  token_count_ = 0;
+  token_next_ = 0;
   data_end_ = false;
   record_eof_ = false;
 }
@@ -173,11 +332,23 @@ void InputFile::RequireOpen() const {
 bool InputFile::Fill() {
   if (data_end_) return false;
   pos_ = 0;
-  block_at_ = kNoBlock;
-  end_ = std::fread(buffer_.data(), 1, buffer_.size(), file_);
+  ends_ = FieldEnds{};
+  bool failed = false;
+  if (ahead_) {
+    const ReadAhead::Chunk& chunk = ahead_->Next();
+    data_ = chunk.bytes.data();
+    end_ = chunk.size;
+    failed = chunk.failed;
+    tokens_ = chunk.tokens.data();
+    token_count_ = chunk.tokens.size();
+    token_next_ = 0;
+  } else {
+    end_ = std::fread(buffer_.data(), 1, buffer_.size(), file_);
+    failed = end_ == 0 && std::ferror(file_) != 0;
+  }
   if (end_ == 0) {
     // A failing disk is not the end of an export: say so rather than stop short quietly.
-    if (std::ferror(file_)) Raise(kPathFileAccess);
+    if (failed) Raise(kPathFileAccess);
     data_end_ = true;
     return false;
   }
@@ -186,7 +357,7 @@ bool InputFile::Fill() {
 
 int InputFile::Peek() {
   if (pos_ == end_ && !Fill()) return -1;
-  const int c = static_cast<unsigned char>(buffer_[pos_]);
+  const int c = static_cast<unsigned char>(data_[pos_]);
   if (c == kCtrlZ && mode_ == OpenMode::Text) {
     // Old DOS exports mark their end with Ctrl-Z; whatever trails it is not data.
     pos_ = end_;
@@ -220,8 +391,8 @@ void InputFile::LineInput(std::string& line) {
   line.clear();
   const bool text_mode = mode_ == OpenMode::Text;
   for (;;) {
-    const char* const begin = buffer_.data() + pos_;
-    const char* const stop = buffer_.data() + end_;
+    const char* const begin = data_ + pos_;
+    const char* const stop = data_ + end_;
     // the first line end, or in text mode a Ctrl-Z before it; each search stops where the
     // one before found something
     const char* p = stop;
@@ -297,8 +468,8 @@ int InputFile::TakeField(std::string& text, bool quoted) {
   };
   for (;;) {
     if (pos_ == end_ && !Fill()) return -1;
-    const char* const begin = buffer_.data() + pos_;
-    const char* const stop = buffer_.data() + end_;
+    const char* const begin = data_ + pos_;
+    const char* const stop = data_ + end_;
     const char* p = begin;
     while (p != stop && !ends(*p) && !(text_mode && *p == kCtrlZ)) ++p;
     text.append(begin, p);
@@ -307,30 +478,27 @@ int InputFile::TakeField(std::string& text, bool quoted) {
   }
 }
 
-const char* InputFile::UnquotedFieldEnd(const char* p) {
-  const char* const base = buffer_.data();
-  std::size_t at = static_cast<std::size_t>(p - base);
+const char* InputFile::FieldEnds::Find(const char* data, std::size_t at, std::size_t end,
+                                       bool text_mode) {
   for (;;) {
     // wraps to a large figure when at lies before the block or no block is held
-    const std::size_t into = at - block_at_;
+    const std::size_t into = at - block_at;
     if (into < 64) {
-      const std::uint64_t rest = block_ends_ >> into;
-      if (rest != 0) return base + at + __builtin_ctzll(rest);
-      at = block_at_ + 64;
+      const std::uint64_t rest = ends >> into;
+      if (rest != 0) return data + at + __builtin_ctzll(rest);
+      at = block_at + 64;
     }
-    if (end_ - at < 64) break;
-    block_at_ = at;
-    block_ends_ = FieldEndsOf64(base + at, mode_ == OpenMode::Text);
+    if (end - at < 64) break;
+    block_at = at;
+    ends = FieldEndsOf64(data + at, text_mode);
   }
-  return FieldEnd(base + at, base + end_, mode_ == OpenMode::Text);
+  return FieldEnd(data + at, data + end, text_mode);
 }
 
-[[gnu::always_inline]] inline bool InputFile::FieldInBuffer(Field& field) {
-  if (file_ == nullptr) return false;
-  const char* const begin = buffer_.data() + pos_;
-  const char* const stop = buffer_.data() + end_;
-  const bool text_mode = mode_ == OpenMode::Text;
-  const char* p = begin;
+bool InputFile::ScanField(const char* data, std::size_t pos, std::size_t end, bool text_mode,
+                          FieldEnds& ends, Field& field, std::size_t& next) {
+  const char* const stop = data + end;
+  const char* p = data + pos;
   while (p != stop && IsBlank(static_cast<unsigned char>(*p))) ++p;
   if (p == stop || (text_mode && *p == kCtrlZ)) return false;
 
@@ -349,15 +517,14 @@ const char* InputFile::UnquotedFieldEnd(const char* p) {
       return false;
     }
     field.text = std::string_view(first, static_cast<std::size_t>(close - first));
-    field.quoted = true;
-    field.is_number = false;
-    pos_ = static_cast<std::size_t>(after - buffer_.data());
+    field.kind = Field::kQuoted;
+    next = static_cast<std::size_t>(after - data);
     return true;
   }
 
   // The end first, from the buffer's blocks of field ends; then the figure, if it is one.
   const char* const start = p;
-  p = UnquotedFieldEnd(p);
+  p = ends.Find(data, static_cast<std::size_t>(p - data), end, text_mode);
   if (p == stop || *p == kCtrlZ) return false;
   const char* after = p + 1;
   if (*p == '\r') {
@@ -367,22 +534,44 @@ const char* InputFile::UnquotedFieldEnd(const char* p) {
   const char* last = p;
   while (last != start && IsBlank(static_cast<unsigned char>(last[-1]))) --last;
   field.text = std::string_view(start, static_cast<std::size_t>(last - start));
-  field.quoted = false;
   TakeFigure(start, last, field);
-  pos_ = static_cast<std::size_t>(after - buffer_.data());
+  next = static_cast<std::size_t>(after - data);
+  return true;
+}
+
+[[gnu::always_inline]] inline bool InputFile::FieldInBuffer(Field& field) {
+  if (file_ == nullptr) return false;
+  // A field the read-ahead found at this very place is the field a scan would find here.
+  if (token_next_ < token_count_) {
+    while (token_next_ < token_count_ && tokens_[token_next_].pos < pos_) ++token_next_;
+    if (token_next_ < token_count_ && tokens_[token_next_].pos == pos_) {
+      const Token& t = tokens_[token_next_++];
+      // the fields were written on another processor: ask for those ahead early
+      __builtin_prefetch(&t + 8);
+      field.text = std::string_view(data_ + pos_ + t.text_skip, t.text_size);
+      field.number = t.number;
+      field.kind = t.kind;
+      pos_ += t.length;
+      return true;
+    }
+  }
+  std::size_t next = 0;
+  if (!ScanField(data_, pos_, end_, mode_ == OpenMode::Text, ends_, field, next)) return false;
+  pos_ = next;
   return true;
 }
 
 void InputFile::Input(Value& into) {
   Field field;
   if (!FieldInBuffer(field)) {
-    ReadField(field_, field.quoted);
-    AssignFieldValue(into, field_, field.quoted);
-  } else if (field.is_number) {
+    bool quoted = false;
+    ReadField(field_, quoted);
+    AssignFieldValue(into, field_, quoted);
+  } else if (field.is_number()) {
     into.SetNumber(field.number);
-  } else if (field.plain_number_left) {
+  } else if (field.plain_number_left()) {
     AssignFieldValue(into, field.text, false);
-  } else if (field.quoted || !field.text.empty()) {
+  } else if (field.quoted() || !field.text.empty()) {
     into.SetText(field.text);
   } else {
     into.SetBlank();
@@ -394,7 +583,8 @@ void InputFile::Input(std::string& into) {
   if (FieldInBuffer(field)) {
     into.assign(field.text.data(), field.text.size());
   } else {
-    ReadField(into, field.quoted);
+    bool quoted = false;
+    ReadField(into, quoted);
   }
 }
 
@@ -407,7 +597,7 @@ void InputFile::Get(std::string& record) {
   while (got < want) {
     if (pos_ == end_ && !Fill()) break;
     const std::size_t take = std::min(want - got, end_ - pos_);
-    std::memcpy(record.data() + got, buffer_.data() + pos_, take);
+    std::memcpy(record.data() + got, data_ + pos_, take);
     pos_ += take;
     got += take;
   }

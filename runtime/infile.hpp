@@ -52,6 +52,10 @@ class InputFile {
   void Input(Value& into);        // becomes a number, blank or text by FieldValue
   void Input(std::string& into);  // keeps the characters
 
+  // Files of at least this many bytes are read through a second thread; 1 MiB unless set.
+  // The setting holds for the files opened after it.
+  static void SetReadAheadFrom(std::uintmax_t bytes);
+
   // Fixed records: fetches the next record_length bytes into record. A short read fills
   // what it got, blanks the rest, and sets end-of-file.
   void Get(std::string& record);
@@ -81,31 +85,58 @@ class InputFile {
   // is no such figure but may still be a plain number (an exponent, more digits), which
   // the full test then decides. Any other unquoted field is text, or blank when empty.
   struct Field {
+    static constexpr std::uint8_t kQuoted = 1, kNumber = 2, kPlainNumberLeft = 4;
     std::string_view text;
-    bool quoted = false;
-    bool is_number = false;
-    bool plain_number_left = false;
     double number = 0.0;
+    std::uint8_t kind = 0;  // kQuoted, kNumber, kPlainNumberLeft or none of them
+    bool quoted() const { return (kind & kQuoted) != 0; }
+    bool is_number() const { return (kind & kNumber) != 0; }
+    bool plain_number_left() const { return (kind & kPlainNumberLeft) != 0; }
   };
   bool FieldInBuffer(Field& field);
-  // The end of the unquoted field at p in the buffer: its first comma, line end or (in
-  // text mode) Ctrl-Z, or the buffer's end. The ends of 64 bytes are found at once and
-  // kept for the fields that follow: most fields are a few bytes long, and a
-  // byte-by-byte search pays a mispredicted branch at the end of each.
-  const char* UnquotedFieldEnd(const char* p);
-
+  // Which bytes of the buffer end an unquoted field (a comma, a line end, and in text mode
+  // a Ctrl-Z), found 64 at a time and kept for the fields that follow: most fields are a
+  // few bytes long, and a byte-by-byte search pays a mispredicted branch at each.
   static constexpr std::size_t kNoBlock = static_cast<std::size_t>(-1) / 2;
+  struct FieldEnds {
+    std::size_t block_at = kNoBlock;  // bit i of ends is byte block_at + i; kNoBlock: none
+    std::uint64_t ends = 0;
+    // The first field end in data[at, end), or data + end.
+    const char* Find(const char* data, std::size_t at, std::size_t end, bool text_mode);
+  };
+  // The field FieldInBuffer takes at pos in data[0, end), computed from those bytes alone:
+  // false when it cannot be told there; otherwise sets field and next, the place after it.
+  static bool ScanField(const char* data, std::size_t pos, std::size_t end, bool text_mode,
+                        FieldEnds& ends, Field& field, std::size_t& next);
+
+  // A field found ahead of the read, in the buffer the read-ahead filled: sixteen bytes,
+  // for the fields of a buffer pass from one processor to the other.
+  struct Token {
+    double number;            // the field's number, when it is a short plain figure
+    std::uint16_t pos;        // where the field's read begins
+    std::uint16_t length;     // how far the read goes, terminator and line end included
+    std::uint16_t text_size;  // its text, after
+    std::uint8_t text_skip;   // the blanks and opening quote before it
+    std::uint8_t kind;        // as Field::kind
+  };
+  // A second thread that reads the file a buffer or two ahead and finds the comma fields
+  // of each buffer, for exports large enough to pay for it.
+  class ReadAhead;
 
   std::FILE* file_ = nullptr;
   OpenMode mode_ = OpenMode::None;
   int record_length_ = 0;
   std::vector<char> buffer_;
+  const char* data_ = nullptr;  // the bytes held: buffer_, or the read-ahead's buffer
   std::size_t pos_ = 0;
   std::size_t end_ = 0;
-  // The field ends of the 64 bytes from block_at_ (bit i for byte block_at_ + i), valid
-  // until the buffer is filled again; kNoBlock when none is held.
-  std::size_t block_at_ = kNoBlock;
-  std::uint64_t block_ends_ = 0;
+  FieldEnds ends_;  // of the bytes held; a new fill drops them
+  std::unique_ptr<ReadAhead> ahead_;
+  // The fields the read-ahead found in the bytes held, in order of place, and the first
+  // the read has not passed.
+  const Token* tokens_ = nullptr;
+  std::size_t token_count_ = 0;
+  std::size_t token_next_ = 0;
   bool data_end_ = false;    // no more bytes in the file (or Ctrl-Z met in Text mode)
   bool record_eof_ = false;  // Fixed mode: a Get came up short
   std::string field_;        // scratch for delimited reads

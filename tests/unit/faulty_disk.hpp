@@ -1,10 +1,12 @@
 // A disk for tests that fails on demand beneath the text streams: it fills up after a number
 // of bytes, fails a close, a sync or a rename. Only the files whose path holds `target` are
 // touched; everything else goes to the real disk. In force from construction to destruction.
+// A stream may write from a second thread: each call holds the disk's lock.
 #pragma once
 
 #include <cerrno>
 #include <map>
+#include <mutex>
 #include <string>
 
 #include "runtime/filesystem.hpp"
@@ -29,11 +31,13 @@ class FaultyDisk : public FileOps {
   long bytes_written = 0;  // taken by the target files
 
   int Open(const char* path, int flags, unsigned mode) override {
+    const std::lock_guard<std::mutex> lock(mutex_);
     const int fd = FileOps::Open(path, flags, mode);
     if (fd >= 0) hit_[fd] = Hit(path);
     return fd;
   }
   long Write(int fd, const char* data, std::size_t size) override {
+    const std::lock_guard<std::mutex> lock(mutex_);
     if (!hit_[fd] || room < 0) {
       const long n = FileOps::Write(fd, data, size);
       if (hit_[fd] && n > 0) bytes_written += n;
@@ -52,9 +56,11 @@ class FaultyDisk : public FileOps {
     return n;
   }
   int Sync(int fd) override {
+    const std::lock_guard<std::mutex> lock(mutex_);
     return Refuse(fd, sync_error, [&] { return FileOps::Sync(fd); });
   }
   int Close(int fd) override {
+    const std::lock_guard<std::mutex> lock(mutex_);
     const bool hit = hit_[fd];
     hit_.erase(fd);
     const int result = FileOps::Close(fd);  // the descriptor is let go either way
@@ -65,6 +71,7 @@ class FaultyDisk : public FileOps {
     return result;
   }
   int Rename(const char* from, const char* to) override {
+    const std::lock_guard<std::mutex> lock(mutex_);
     if (Hit(to) && rename_error != 0) {
       errno = rename_error;
       return -1;
@@ -84,6 +91,7 @@ class FaultyDisk : public FileOps {
   }
 
   FileOps* before_;
+  std::mutex mutex_;
   std::map<int, bool> hit_;
 };
 

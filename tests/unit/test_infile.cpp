@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -366,7 +370,24 @@ std::vector<Expected> TrickyExpected() {
   };
 }
 
-TEST_F(InputFileFields, TrickyFieldsReadAlikeWhereverTheWindowCuts) {
+// Large exports are read by a second thread, which finds their fields ahead of the read.
+// For as long as one of these lives, files of at least `bytes` are read so.
+class ReadAheadFrom {
+ public:
+  explicit ReadAheadFrom(std::uintmax_t bytes) { InputFile::SetReadAheadFrom(bytes); }
+  ~ReadAheadFrom() { InputFile::SetReadAheadFrom(1024 * 1024); }
+  ReadAheadFrom(const ReadAheadFrom&) = delete;
+  ReadAheadFrom& operator=(const ReadAheadFrom&) = delete;
+};
+constexpr std::uintmax_t kEveryFile = 0;
+constexpr std::uintmax_t kNoFile = UINTMAX_MAX;
+
+class InputFileWindows : public InputFileTest {
+ protected:
+  void ReadTrickyFieldsWhereverTheWindowCuts();
+};
+
+void InputFileWindows::ReadTrickyFieldsWhereverTheWindowCuts() {
   const std::vector<Expected> expected = TrickyExpected();
   constexpr std::size_t kWindow = 64 * 1024;
   for (const OpenMode mode : {OpenMode::Text, OpenMode::Byte}) {
@@ -417,6 +438,15 @@ TEST_F(InputFileFields, TrickyFieldsReadAlikeWhereverTheWindowCuts) {
   }
 }
 
+TEST_F(InputFileWindows, TrickyFieldsReadAlikeWhereverTheWindowCuts) {
+  ReadTrickyFieldsWhereverTheWindowCuts();
+}
+
+TEST_F(InputFileWindows, TrickyFieldsReadAlikeWhenFoundAhead) {
+  ReadAheadFrom ahead(kEveryFile);
+  ReadTrickyFieldsWhereverTheWindowCuts();
+}
+
 // A CR that closes the window with its LF opening the next, after a plain and after a
 // quoted field; and a record cut short by the end of the data.
 TEST_F(InputFileFields, LineEndsAndQuotesAtTheWindowsEdge) {
@@ -437,6 +467,166 @@ TEST_F(InputFileFields, LineEndsAndQuotesAtTheWindowsEdge) {
   EXPECT_EQ(FieldAsValue().number(), 2.0);
   EXPECT_TRUE(in_.Eof());
   EXPECT_EQ(ErrorOf([&] { FieldAsValue(); }), kInputPastEnd);
+}
+
+}  // namespace
+}  // namespace corvane
+
+namespace corvane {
+namespace {
+
+// What a run of reads sees, one entry a read: the value's kind and its text or number, or
+// the error a read raised.
+std::string ReadTranscript(InputFile& in, std::uint32_t seed) {
+  std::mt19937 pick(seed);
+  std::string seen;
+  for (int reads = 0; reads < 2'000'000; ++reads) {
+    const int error = ErrorOf([&] {
+      if (in.Eof()) {
+        seen += "eof\n";
+        return;
+      }
+      switch (pick() % 8) {
+        case 0: {
+          seen += "line " + in.LineInput() + "\n";
+          break;
+        }
+        case 1: {
+          std::string text;
+          in.Input(text);
+          seen += "text " + text + "\n";
+          break;
+        }
+        default: {
+          Value v;
+          in.Input(v);
+          char number[40];
+          std::snprintf(number, sizeof number, "%.17g", v.number());
+          seen += "value " + std::to_string(static_cast<int>(v.kind())) + " " + v.text() + " " +
+                  number + "\n";
+          break;
+        }
+      }
+    });
+    if (error != 0) seen += "error " + std::to_string(error) + "\n";
+    if (seen.ends_with("eof\n")) break;
+  }
+  return seen;
+}
+
+// An export built of every kind of field, long enough for many buffers: numbers of every
+// shape, blanks, quotes holding commas and line ends, quotes with something after them,
+// fields longer than a buffer, runs of blanks, every kind of line end.
+std::string ManyBuffersOfTrickyFields(std::uint32_t seed) {
+  const std::vector<std::string> pieces = {"12",
+                                           "-8.50",
+                                           "+.5",
+                                           "1e3",
+                                           "1.5E-2",
+                                           "0042",
+                                           "",
+                                           "  ",
+                                           " 7 ",
+                                           "\t9\t",
+                                           "\"a, b\"",
+                                           "\"two\r\nlines\"",
+                                           "\"q\" x",
+                                           "\"\"",
+                                           "$12.50",
+                                           "1 2",
+                                           "5.",
+                                           "-",
+                                           "caf\xe9",
+                                           "123456789012345",
+                                           "1234567890123456",
+                                           "-0",
+                                           "\xff\"q\"",
+                                           "abc",
+                                           "0.00",
+                                           "e5",
+                                           "1e",
+                                           std::string(300, ' ') + "3",
+                                           std::string(70000, 'w'),
+                                           "\"" + std::string(70000, 'v') + "\""};
+  const std::vector<std::string> ends = {",", ",", ",", ",", "\r\n", "\n", "\r"};
+  std::mt19937 pick(seed);
+  std::string data;
+  while (data.size() < 1'500'000) {
+    const std::string& piece = pieces[pick() % pieces.size()];
+    // the longest pieces are rare, as in an export
+    if (piece.size() > 1000 && pick() % 3000 != 0) continue;
+    data += piece;
+    data += ends[pick() % ends.size()];
+  }
+  return data;
+}
+
+TEST_F(InputFileWindows, FieldsFoundAheadReadAsTheReadFindsThem) {
+  for (const std::uint32_t seed : {1u, 2u, 3u}) {
+    std::string data = ManyBuffersOfTrickyFields(seed);
+    if (seed == 3) data += "\"a field open to the end, 1,2\r\n";
+    for (const OpenMode mode : {OpenMode::Text, OpenMode::Byte}) {
+      SCOPED_TRACE(::testing::Message()
+                   << "seed " << seed << (mode == OpenMode::Text ? " text" : " byte"));
+      std::string with_ctrl_z = data;
+      // a Ctrl-Z some way in: the end of the data in text mode, a byte in byte mode
+      if (seed == 2) with_ctrl_z.insert(with_ctrl_z.size() - 200'000, "\x1A");
+      const std::string path = Write(with_ctrl_z);
+      std::string read_in_place, found_ahead;
+      {
+        ReadAheadFrom in_place(kNoFile);
+        in_.Open(path, mode);
+        read_in_place = ReadTranscript(in_, seed);
+      }
+      {
+        ReadAheadFrom ahead(kEveryFile);
+        in_.Open(path, mode);
+        found_ahead = ReadTranscript(in_, seed);
+      }
+      ASSERT_EQ(found_ahead.size(), read_in_place.size());
+      EXPECT_TRUE(found_ahead == read_in_place);
+      EXPECT_GT(std::count(read_in_place.begin(), read_in_place.end(), '\n'), 50'000);
+    }
+  }
+}
+
+TEST_F(InputFileWindows, AFileWhoseFieldsCannotBeFoundAheadStillReadsAlike) {
+  // Quotes with something after them throughout: the search ahead passes over each, and
+  // the read finds every field itself.
+  std::string data;
+  for (int i = 0; i < 200'000; ++i) data += i % 3 == 0 ? "\"x\"y," : (i % 3 == 1 ? "\"z,\n" : "5,");
+  const std::string path = Write(data);
+  std::string read_in_place;
+  {
+    ReadAheadFrom in_place(kNoFile);
+    in_.Open(path, OpenMode::Text);
+    read_in_place = ReadTranscript(in_, 9);
+  }
+  ReadAheadFrom ahead(kEveryFile);
+  in_.Open(path, OpenMode::Text);
+  EXPECT_TRUE(ReadTranscript(in_, 9) == read_in_place);
+}
+
+TEST_F(InputFileRecords, RecordsReadAheadAreTheRecordsReadInPlace) {
+  std::string data;
+  for (int i = 0; i < 3000; ++i)
+    data += std::string(997, static_cast<char>('A' + i % 26)) + ",\r\n";
+  data += "tail";
+  const std::string path = Write(data);
+  Strings in_place, ahead_seen;
+  {
+    ReadAheadFrom none(kNoFile);
+    in_.Open(path, OpenMode::Fixed, 1000);
+    EXPECT_EQ(TranslatedRecords(in_, &in_place), 3000);
+  }
+  ReadAheadFrom ahead(kEveryFile);
+  in_.Open(path, OpenMode::Fixed, 1000);
+  EXPECT_EQ(TranslatedRecords(in_, &ahead_seen), 3000);
+  EXPECT_TRUE(ahead_seen == in_place);
+  in_.Close();  // a file closed mid-way lets its second thread go
+  in_.Open(path, OpenMode::Text);
+  EXPECT_EQ(in_.LineInput().size(), 998u);
+  in_.Close();
 }
 
 }  // namespace
