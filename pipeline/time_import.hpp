@@ -152,8 +152,12 @@ class frmTimeImport {
   // One category written: hours go out with no dollars, and dollars with no hours, so that
   // nothing of the category written before rides along.
   void WriteHours(Cat category, const Value& hours) {
-    ImportRec.Hours = hours;
-    ImportRec.Amount = "";
+    if (hours.IsNumber()) {
+      ImportRec.Hours.SetNumber(hours.number());
+    } else {
+      ImportRec.Hours = hours;
+    }
+    ImportRec.Amount.clear();
     Apply(category);
     WriteOutputRec();
   }

@@ -148,7 +148,11 @@ class TextStream::Behind {
   // Waits for the buffer handed over last; returns the error it met, 0 when none.
   int Wait() {
     std::unique_lock<std::mutex> lock(mutex_);
-    changed_.wait(lock, [this] { return !pending_; });
+    if (pending_) {
+      writer_waits_ = true;
+      changed_.wait(lock, [this] { return !pending_; });
+      writer_waits_ = false;
+    }
     return error_;
   }
   // Takes size bytes of buffer to write, giving its own empty buffer in exchange. Only
@@ -176,7 +180,8 @@ class TextStream::Behind {
       lock.lock();
       error_ = error;
       pending_ = false;
-      changed_.notify_all();
+      // a wake-up costs a call into the system: only a waiting writer is woken
+      if (writer_waits_) changed_.notify_all();
     }
   }
 
@@ -187,6 +192,7 @@ class TextStream::Behind {
   std::condition_variable changed_;
   bool pending_ = false;
   bool stop_ = false;
+  bool writer_waits_ = false;  // the stream's writer, for the buffer handed over last
   int error_ = 0;
   std::thread thread_;  // last: it starts once everything above is ready
 };
@@ -250,7 +256,16 @@ void TextStream::Drain() {
 }
 
 void TextStream::HandOff() {
-  if (!behind_) behind_ = std::make_unique<Behind>(fd_);
+  if (!behind_) {
+    try {
+      behind_ = std::make_unique<Behind>(fd_);
+    } catch (const std::system_error&) {
+      // no thread to be had: the stream writes its buffers itself
+      write_behind_ = false;
+      Drain();
+      return;
+    }
+  }
   if (const int error = behind_->Wait(); error != 0) {
     used_ = 0;
     Fail(error);

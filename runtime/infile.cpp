@@ -129,6 +129,82 @@ void TakeFigure(const char* p, const char* const last, Field& field) {
 
 }  // namespace
 
+const char* InputFile::FieldEnds::FindBeyond(const char* data, std::size_t at, std::size_t end,
+                                             bool text_mode) {
+  for (;;) {
+    // wraps to a large figure when at lies before the block or no block is held
+    const std::size_t into = at - block_at;
+    if (into < 64) {
+      const std::uint64_t rest = ends >> into;
+      if (rest != 0) return data + at + __builtin_ctzll(rest);
+      at = block_at + 64;
+    }
+    if (end - at < 64) break;
+    block_at = at;
+    ends = FieldEndsOf64(data + at, text_mode);
+  }
+  return FieldEnd(data + at, data + end, text_mode);
+}
+
+[[gnu::always_inline]] inline const char* InputFile::FieldEnds::Find(const char* data,
+                                                                     std::size_t at,
+                                                                     std::size_t end,
+                                                                     bool text_mode) {
+  // most fields end within the block held
+  const std::size_t into = at - block_at;
+  if (into < 64) {
+    const std::uint64_t rest = ends >> into;
+    if (rest != 0) return data + at + __builtin_ctzll(rest);
+  }
+  return FindBeyond(data, at, end, text_mode);
+}
+
+[[gnu::always_inline]] inline bool InputFile::ScanField(const char* data, std::size_t pos,
+                                                        std::size_t end, bool text_mode,
+                                                        FieldEnds& ends, Field& field,
+                                                        std::size_t& next) {
+  const char* const stop = data + end;
+  const char* p = data + pos;
+  while (p != stop && IsBlank(static_cast<unsigned char>(*p))) ++p;
+  if (p == stop || (text_mode && *p == kCtrlZ)) return false;
+
+  if (*p == '"') {
+    const char* const first = p + 1;
+    const char* const close = FindByte(first, stop, '"');
+    // the byte after the closing quote must tell the field's end without a refill
+    if (close == stop || close + 1 == stop) return false;
+    if (text_mode && FindByte(first, close, static_cast<char>(kCtrlZ)) != close) return false;
+    const char* after = close + 1;
+    if (*after == ',' || *after == '\n') {
+      ++after;
+    } else if (*after == '\r' && after + 1 != stop) {
+      after += after[1] == '\n' ? 2 : 1;
+    } else {
+      return false;
+    }
+    field.text = std::string_view(first, static_cast<std::size_t>(close - first));
+    field.kind = Field::kQuoted;
+    next = static_cast<std::size_t>(after - data);
+    return true;
+  }
+
+  // The end first, from the buffer's blocks of field ends; then the figure, if it is one.
+  const char* const start = p;
+  p = ends.Find(data, static_cast<std::size_t>(p - data), end, text_mode);
+  if (p == stop || *p == kCtrlZ) return false;
+  const char* after = p + 1;
+  if (*p == '\r') {
+    if (after == stop) return false;
+    if (*after == '\n') ++after;
+  }
+  const char* last = p;
+  while (last != start && IsBlank(static_cast<unsigned char>(last[-1]))) --last;
+  field.text = std::string_view(start, static_cast<std::size_t>(last - start));
+  TakeFigure(start, last, field);
+  next = static_cast<std::size_t>(after - data);
+  return true;
+}
+
 namespace {
 
 // Exports of a megabyte or more; small ones gain nothing from a second thread.
@@ -148,7 +224,9 @@ class InputFile::ReadAhead {
     std::vector<char> bytes = std::vector<char>(kBufferSize);
     std::size_t size = 0;
     bool failed = false;  // the read of this chunk failed; nothing follows it
-    std::vector<Token> tokens;
+    // the fields found, in order of place: room for as many as are ever kept
+    std::unique_ptr<Token[]> tokens = std::make_unique<Token[]>(kMostTokens);
+    std::size_t token_count = 0;
   };
 
   // Comma fields are looked for unless the file is read as fixed records.
@@ -175,8 +253,14 @@ class InputFile::ReadAhead {
   const Chunk& Next() {
     std::unique_lock<std::mutex> lock(mutex_);
     released_ = taken_;
-    changed_.notify_all();
-    changed_.wait(lock, [this] { return filled_ > taken_ || finished_; });
+    // a wake-up costs a call into the system: only a thread that waits is woken
+    if (filler_waits_) changed_.notify_all();
+    const auto ready = [this] { return filled_ > taken_ || finished_; };
+    if (!ready()) {
+      reader_waits_ = true;
+      changed_.wait(lock, ready);
+      reader_waits_ = false;
+    }
     if (filled_ == taken_) return chunks_[(taken_ - 1) % kChunks];
     return chunks_[taken_++ % kChunks];
   }
@@ -190,20 +274,27 @@ class InputFile::ReadAhead {
     for (std::size_t n = 0;; ++n) {
       {
         std::unique_lock<std::mutex> lock(mutex_);
-        changed_.wait(lock, [&] { return stop_ || n - released_ < kChunks; });
+        const auto free = [&] { return stop_ || n - released_ < kChunks; };
+        if (!free()) {
+          filler_waits_ = true;
+          changed_.wait(lock, free);
+          filler_waits_ = false;
+        }
         if (stop_) return;
       }
       Chunk& chunk = chunks_[n % kChunks];
       chunk.size = std::fread(chunk.bytes.data(), 1, chunk.bytes.size(), file_);
       chunk.failed = chunk.size == 0 && std::ferror(file_) != 0;
-      chunk.tokens.clear();
+      chunk.token_count = 0;
       if (find_fields_) FindFields(chunk);
+      bool wake = false;
       {
         std::lock_guard<std::mutex> lock(mutex_);
         filled_ = n + 1;
         finished_ = chunk.size == 0;
+        wake = reader_waits_;
       }
-      changed_.notify_all();
+      if (wake) changed_.notify_all();
       if (chunk.size == 0) return;
     }
   }
@@ -225,16 +316,20 @@ class InputFile::ReadAhead {
     Field field;
     std::size_t pos = 0;
     std::size_t comma = 0, line_feed = 0;  // the next found, or limit when there is none
-    while (pos < limit && chunk.tokens.size() < kMostTokens) {
+    Token* const tokens = chunk.tokens.get();
+    std::size_t count = 0;
+    while (pos < limit && count < kMostTokens) {
       std::size_t next = 0;
       if (ScanField(data, pos, limit, text_mode_, ends, field, next)) {
         const auto skip = static_cast<std::size_t>(field.text.data() - (data + pos));
         // a field too long for the token's figures is left for the read to find
         if (next - pos <= 0xFFFF && skip <= 0xFF) {
-          chunk.tokens.push_back(Token{field.number, static_cast<std::uint16_t>(pos),
-                                       static_cast<std::uint16_t>(next - pos),
-                                       static_cast<std::uint16_t>(field.text.size()),
-                                       static_cast<std::uint8_t>(skip), field.kind});
+          tokens[count++] = Token{field.number,
+                                  static_cast<std::uint16_t>(pos),
+                                  static_cast<std::uint16_t>(next - pos),
+                                  static_cast<std::uint16_t>(field.text.size()),
+                                  static_cast<std::uint8_t>(skip),
+                                  field.kind};
         }
         pos = next;
         continue;
@@ -245,6 +340,7 @@ class InputFile::ReadAhead {
       if (line_feed <= pos) line_feed = Find(data, pos, limit, '\n');
       pos = std::min(comma, line_feed) + 1;
     }
+    chunk.token_count = count;
   }
 
   // The place of the first `byte` in data[from, limit), or limit.
@@ -264,7 +360,9 @@ class InputFile::ReadAhead {
   std::size_t released_ = 0;  // chunks the read is done with
   bool finished_ = false;     // the last chunk is filled: the file ended or failed
   bool stop_ = false;
-  std::thread thread_;  // last: it starts once everything above is ready
+  bool reader_waits_ = false;  // for a chunk to be filled
+  bool filler_waits_ = false;  // for a chunk to be released
+  std::thread thread_;         // last: it starts once everything above is ready
 };
 
 InputFile::InputFile() = default;
@@ -297,8 +395,13 @@ void InputFile::Open(const std::string& path, OpenMode mode, int record_length) 
   struct stat info {};
   if (::fstat(fileno(file), &info) == 0 && S_ISREG(info.st_mode) &&
       static_cast<std::uintmax_t>(info.st_size) >= read_ahead_from) {
-    ahead_ = std::make_unique<ReadAhead>(file, mode);
-  } else {
+    try {
+      ahead_ = std::make_unique<ReadAhead>(file, mode);
+    } catch (const std::system_error&) {
+      // no thread to be had: the file is read in place
+    }
+  }
+  if (!ahead_) {
     if (buffer_.size() != kBufferSize) buffer_.assign(kBufferSize, '\0');
     data_ = buffer_.data();
   }
@@ -339,8 +442,8 @@ bool InputFile::Fill() {
     data_ = chunk.bytes.data();
     end_ = chunk.size;
     failed = chunk.failed;
-    tokens_ = chunk.tokens.data();
-    token_count_ = chunk.tokens.size();
+    tokens_ = chunk.tokens.get();
+    token_count_ = chunk.token_count;
     token_next_ = 0;
   } else {
     end_ = std::fread(buffer_.data(), 1, buffer_.size(), file_);
@@ -478,67 +581,6 @@ int InputFile::TakeField(std::string& text, bool quoted) {
   }
 }
 
-const char* InputFile::FieldEnds::Find(const char* data, std::size_t at, std::size_t end,
-                                       bool text_mode) {
-  for (;;) {
-    // wraps to a large figure when at lies before the block or no block is held
-    const std::size_t into = at - block_at;
-    if (into < 64) {
-      const std::uint64_t rest = ends >> into;
-      if (rest != 0) return data + at + __builtin_ctzll(rest);
-      at = block_at + 64;
-    }
-    if (end - at < 64) break;
-    block_at = at;
-    ends = FieldEndsOf64(data + at, text_mode);
-  }
-  return FieldEnd(data + at, data + end, text_mode);
-}
-
-bool InputFile::ScanField(const char* data, std::size_t pos, std::size_t end, bool text_mode,
-                          FieldEnds& ends, Field& field, std::size_t& next) {
-  const char* const stop = data + end;
-  const char* p = data + pos;
-  while (p != stop && IsBlank(static_cast<unsigned char>(*p))) ++p;
-  if (p == stop || (text_mode && *p == kCtrlZ)) return false;
-
-  if (*p == '"') {
-    const char* const first = p + 1;
-    const char* const close = FindByte(first, stop, '"');
-    // the byte after the closing quote must tell the field's end without a refill
-    if (close == stop || close + 1 == stop) return false;
-    if (text_mode && FindByte(first, close, static_cast<char>(kCtrlZ)) != close) return false;
-    const char* after = close + 1;
-    if (*after == ',' || *after == '\n') {
-      ++after;
-    } else if (*after == '\r' && after + 1 != stop) {
-      after += after[1] == '\n' ? 2 : 1;
-    } else {
-      return false;
-    }
-    field.text = std::string_view(first, static_cast<std::size_t>(close - first));
-    field.kind = Field::kQuoted;
-    next = static_cast<std::size_t>(after - data);
-    return true;
-  }
-
-  // The end first, from the buffer's blocks of field ends; then the figure, if it is one.
-  const char* const start = p;
-  p = ends.Find(data, static_cast<std::size_t>(p - data), end, text_mode);
-  if (p == stop || *p == kCtrlZ) return false;
-  const char* after = p + 1;
-  if (*p == '\r') {
-    if (after == stop) return false;
-    if (*after == '\n') ++after;
-  }
-  const char* last = p;
-  while (last != start && IsBlank(static_cast<unsigned char>(last[-1]))) --last;
-  field.text = std::string_view(start, static_cast<std::size_t>(last - start));
-  TakeFigure(start, last, field);
-  next = static_cast<std::size_t>(after - data);
-  return true;
-}
-
 [[gnu::always_inline]] inline bool InputFile::FieldInBuffer(Field& field) {
   if (file_ == nullptr) return false;
   // A field the read-ahead found at this very place is the field a scan would find here.
@@ -547,7 +589,7 @@ bool InputFile::ScanField(const char* data, std::size_t pos, std::size_t end, bo
     if (token_next_ < token_count_ && tokens_[token_next_].pos == pos_) {
       const Token& t = tokens_[token_next_++];
       // the fields were written on another processor: ask for those ahead early
-      __builtin_prefetch(&t + 8);
+      __builtin_prefetch(&t + 32);
       field.text = std::string_view(data_ + pos_ + t.text_skip, t.text_size);
       field.number = t.number;
       field.kind = t.kind;
@@ -561,7 +603,7 @@ bool InputFile::ScanField(const char* data, std::size_t pos, std::size_t end, bo
   return true;
 }
 
-void InputFile::Input(Value& into) {
+void InputFile::InputScanned(Value& into) {
   Field field;
   if (!FieldInBuffer(field)) {
     bool quoted = false;

@@ -49,7 +49,14 @@ class InputFile {
   // a line end (a field that ends at a line end consumes it). Unquoted fields lose blanks
   // around them; a quoted field runs to the next double quote and keeps its text, and what
   // follows up to the next comma or line end is passed over.
-  void Input(Value& into);        // becomes a number, blank or text by FieldValue
+  void Input(Value& into) {  // becomes a number, blank or text by FieldValue
+    // most fields of a large export were found ahead, at the very place the read stands
+    if (token_next_ < token_count_ && tokens_[token_next_].pos == pos_) {
+      TakeToken(into);
+    } else {
+      InputScanned(into);
+    }
+  }
   void Input(std::string& into);  // keeps the characters
 
   // Files of at least this many bytes are read through a second thread; 1 MiB unless set.
@@ -103,6 +110,8 @@ class InputFile {
     std::uint64_t ends = 0;
     // The first field end in data[at, end), or data + end.
     const char* Find(const char* data, std::size_t at, std::size_t end, bool text_mode);
+    // The same, beyond the block held.
+    const char* FindBeyond(const char* data, std::size_t at, std::size_t end, bool text_mode);
   };
   // The field FieldInBuffer takes at pos in data[0, end), computed from those bytes alone:
   // false when it cannot be told there; otherwise sets field and next, the place after it.
@@ -119,6 +128,26 @@ class InputFile {
     std::uint8_t text_skip;   // the blanks and opening quote before it
     std::uint8_t kind;        // as Field::kind
   };
+  // The read of a field found ahead.
+  void TakeToken(Value& into) {
+    const Token& t = tokens_[token_next_++];
+    // the fields were written on another processor: ask for those ahead early
+    __builtin_prefetch(&t + 32);
+    pos_ += t.length;
+    if (t.kind & Field::kNumber) {
+      into.SetNumber(t.number);
+    } else if (t.kind & Field::kPlainNumberLeft) {
+      AssignFieldValue(into, std::string_view(data_ + pos_ - t.length + t.text_skip, t.text_size),
+                       false);
+    } else if ((t.kind & Field::kQuoted) || t.text_size != 0) {
+      into.SetText(std::string_view(data_ + pos_ - t.length + t.text_skip, t.text_size));
+    } else {
+      into.SetBlank();
+    }
+  }
+  // The read of any other field.
+  void InputScanned(Value& into);
+
   // A second thread that reads the file a buffer or two ahead and finds the comma fields
   // of each buffer, for exports large enough to pay for it.
   class ReadAhead;

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -40,7 +41,13 @@ class Value {
   void SetText(std::string_view text) {
     kind_ = Kind::Text;
     number_ = 0.0;
-    text_.assign(text.data(), text.size());
+    if (text.size() <= text_.size()) {
+      // no longer than the text held: the characters move in place, and may come from it
+      if (!text.empty()) std::memmove(text_.data(), text.data(), text.size());
+      text_.resize(text.size());
+    } else {
+      text_.assign(text.data(), text.size());
+    }
   }
 
   Kind kind() const { return kind_; }

@@ -594,6 +594,22 @@ TEST(ValueInPlace, SettersGiveWhatTheConstructorsGive) {
   EXPECT_FALSE(Value(0) > Value());  // blank is 0 against a number
 }
 
+TEST(ValueInPlace, ATextSetFromItsOwnCharactersKeepsThem) {
+  // a text set from part of itself, shorter, the same length, then longer than it held
+  Value v("  abc  ");
+  v.SetText(std::string_view(v.text()).substr(2, 3));
+  ExpectSameValue(v, Value("abc"));
+  v.SetText(v.text());
+  ExpectSameValue(v, Value("abc"));
+  v.SetText(std::string_view(v.text()).substr(1));
+  ExpectSameValue(v, Value("bc"));
+  v.SetText("a text longer than any held before, past a short string");
+  v.SetText(std::string_view(v.text()).substr(7, 6));
+  ExpectSameValue(v, Value("longer"));
+  v.SetText("longer still");
+  ExpectSameValue(v, Value("longer still"));
+}
+
 TEST(PrintedView, PrintsAsStrWithoutAllocating) {
   char room[kPrintedNumberRoom];
   for (const Value& v : {Value(), Value(""), Value(" 7 "), Value(40), Value(-0.0), Value(0.5),
