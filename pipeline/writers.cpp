@@ -117,7 +117,8 @@ class LineBuilder {
   // A value in its printed form.
   [[gnu::always_inline]] void Put(const Value& v) {
     if (v.IsText()) {
-      Put(std::string_view(v.text()));
+      // most fields of a line are empty
+      if (!v.text().empty()) Put(std::string_view(v.text()));
     } else if (v.IsNumber()) {
       Room(kPrintedNumberRoom);
       at_ += PrintedView(v, at_).size();

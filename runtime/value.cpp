@@ -66,8 +66,8 @@ std::size_t PrintPlacesTo(double x, char* out) {
     const auto scaled = static_cast<std::uint64_t>(m);
     std::size_t n = 0;
     if (x < 0) out[n++] = '-';
-    n = static_cast<std::size_t>(
-        std::to_chars(out + n, out + kNumberBuf, scaled / kUnit[k]).ptr - out);
+    n = static_cast<std::size_t>(std::to_chars(out + n, out + kNumberBuf, scaled / kUnit[k]).ptr -
+                                 out);
     out[n++] = '.';
     std::uint64_t places = scaled % kUnit[k];
     for (int i = k - 1; i >= 0; --i) {
@@ -564,6 +564,8 @@ void AssignFieldValue(Value& into, std::string_view text, bool quoted) {
 bool NumericAbove0(const Value& v) {
   if (v.IsNumber()) return v.number() > 0.0;
   if (!v.IsText()) return false;
+  // the usual text, a plain figure, is told at once
+  if (double figure = 0.0; ShortPlainNumber(v.text(), figure)) return figure > 0.0;
   auto n = NumericValue(v.text());
   return n && *n > 0.0;
 }

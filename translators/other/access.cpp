@@ -20,9 +20,10 @@ bool AccessRead(frmTimeImport& F) {
   AccessFields& in = F.Fields<AccessFields>();
   InputFile& file = F.File(1);
   for (int i = 1; i <= 21; ++i) file.Input(in.Access_F[i]);
-  // A record without an employee number is passed over and not counted.
-  char room[kPrintedNumberRoom];
-  return !TrimView(PrintedView(in.Access_F[3], room)).empty();
+  // A record without an employee number is passed over and not counted; a number always
+  // prints something.
+  const Value& number = in.Access_F[3];
+  return number.IsNumber() || !TrimView(number.text()).empty();
 }
 
 // field = Replace(field, "$", ""), which leaves text: a short text loses its "$" in place.
