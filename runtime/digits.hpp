@@ -22,6 +22,42 @@ inline double ShortDecimalValue(std::uint64_t digits, int places, bool negative)
   return negative ? -value : value;
 }
 
+// The leading figure of [p, last): an optional sign, then digits with at most one point,
+// read in one pass. The comma read and the numeric tests take most figures this way.
+struct FigureScan {
+  const char* stop = nullptr;  // the first character that is no part of it
+  std::uint64_t digits = 0;    // wraps harmlessly past 19 digits: more than 15 is no figure
+  int count = 0;               // the digits seen
+  int places = -1;             // the digits after the point; -1 without a point
+  bool negative = false;
+
+  // Whether the whole of [p, last) is a short plain figure, 15 digits at most.
+  bool WholeShortFigure(const char* last) const { return stop == last && count > 0 && count <= 15; }
+  double Value() const { return ShortDecimalValue(digits, places, negative); }
+};
+
+inline FigureScan ScanFigure(const char* p, const char* const last) {
+  FigureScan f;
+  if (p != last && (*p == '-' || *p == '+')) {
+    f.negative = *p == '-';
+    ++p;
+  }
+  for (; p != last; ++p) {
+    const unsigned d = static_cast<unsigned>(static_cast<unsigned char>(*p)) - '0';
+    if (d < 10) {
+      f.digits = f.digits * 10 + d;
+      ++f.count;
+      if (f.places >= 0) ++f.places;
+    } else if (*p == '.' && f.places < 0) {
+      f.places = 0;
+    } else {
+      break;
+    }
+  }
+  f.stop = p;
+  return f;
+}
+
 // The decimal digits of |x| rounded to 15 significant digits, trailing zeros dropped, for a
 // finite non-zero x: writes them to digits (room for 17), sets exponent to the power of
 // ten of the first digit, and returns how many there are (1..15).

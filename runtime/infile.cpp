@@ -96,30 +96,11 @@ const char* FindByte(const char* begin, const char* end, char byte) {
 // exponent, more digits), which the full test then decides.
 template <class Field>
 void TakeFigure(const char* p, const char* const last, Field& field) {
-  bool negative = false;
-  if (p != last && (*p == '-' || *p == '+')) {
-    negative = *p == '-';
-    ++p;
-  }
-  std::uint64_t digits = 0;
-  int count = 0;
-  int places = -1;  // digits after the point; -1 before it
-  for (; p != last; ++p) {
-    const unsigned d = static_cast<unsigned>(static_cast<unsigned char>(*p)) - '0';
-    if (d < 10) {
-      digits = digits * 10 + d;  // wraps harmlessly past 19 digits: more than 15 is no figure
-      ++count;
-      if (places >= 0) ++places;
-    } else if (*p == '.' && places < 0) {
-      places = 0;
-    } else {
-      break;
-    }
-  }
-  if (p == last && count > 0 && count <= 15) {
+  const detail::FigureScan f = detail::ScanFigure(p, last);
+  if (f.WholeShortFigure(last)) {
     field.kind = Field::kNumber;
-    field.number = detail::ShortDecimalValue(digits, places, negative);
-  } else if (count > 0 && (p == last || *p == 'e' || *p == 'E')) {
+    field.number = f.Value();
+  } else if (f.count > 0 && (f.stop == last || *f.stop == 'e' || *f.stop == 'E')) {
     // a plain number needs a digit, and after its digits only an exponent
     field.kind = Field::kPlainNumberLeft;
   } else {

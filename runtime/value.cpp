@@ -241,30 +241,10 @@ NumStatus ConvertCanonical(const char* buf, std::size_t n, double& out) {
 // anything else (an exponent, more digits, other characters, no digit), which then takes
 // ParsePlain.
 bool ShortPlainNumber(std::string_view s, double& out) {
-  const char* p = s.data();
-  const char* const end = p + s.size();
-  bool negative = false;
-  if (p != end && (*p == '-' || *p == '+')) {
-    negative = *p == '-';
-    ++p;
-  }
-  std::uint64_t digits = 0;
-  int count = 0;
-  int places = -1;  // digits after the point; -1 before it
-  for (; p != end; ++p) {
-    const unsigned d = static_cast<unsigned>(static_cast<unsigned char>(*p)) - '0';
-    if (d < 10) {
-      if (++count > 15) return false;
-      digits = digits * 10 + d;
-      if (places >= 0) ++places;
-    } else if (*p == '.' && places < 0) {
-      places = 0;
-    } else {
-      return false;
-    }
-  }
-  if (count == 0) return false;
-  out = detail::ShortDecimalValue(digits, places, negative);
+  const char* const end = s.data() + s.size();
+  const detail::FigureScan f = detail::ScanFigure(s.data(), end);
+  if (!f.WholeShortFigure(end)) return false;
+  out = f.Value();
   return true;
 }
 
