@@ -146,13 +146,8 @@ void WriteByCode(frmTimeImport& F, const ColumnMap& map, std::span<const Value> 
         return;
       }
       if (!CodeFigure(F, map, fields, figure, kind)) return;
-      ImportRecord& r = F.ImportRec;
       const Value dore = map.dore.given() ? Get(F, map, fields, map.dore) : Value("E");
-      r.Hours = kind == Figure::Hours ? Figured(map, figure, kind) : Value("");
-      r.Amount = kind == Figure::Dollars ? Figured(map, figure, kind).str() : "";
-      r.Earning_Code = code;
-      r.DorE = dore.str().empty() ? Value("E") : dore;
-      F.WriteOutputRec();
+      WriteOwnCode(F, code, dore, Figured(map, figure, kind), kind);
       return;
     }
     case CodeRule::Grid: {
@@ -168,6 +163,16 @@ void WriteByCode(frmTimeImport& F, const ColumnMap& map, std::span<const Value> 
 }
 
 }  // namespace
+
+void WriteOwnCode(frmTimeImport& F, const Value& code, const Value& dore, const Value& figure,
+                  Figure kind) {
+  ImportRecord& r = F.ImportRec;
+  r.Hours = kind == Figure::Hours ? figure : Value("");
+  r.Amount = kind == Figure::Dollars ? figure.str() : "";
+  r.Earning_Code = code;
+  r.DorE = dore.str().empty() ? Value("E") : dore;
+  F.WriteOutputRec();
+}
 
 Value Get(const frmTimeImport& F, const ColumnMap& map, std::span<const Value> fields,
           const Column& column) {

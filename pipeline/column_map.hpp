@@ -57,6 +57,23 @@ struct PayColumn {
   Cat wait = Cat::WaitReg;
 };
 
+// A figure paid under a category's boxes.
+constexpr PayColumn PaidAs(Column column, Cat category, Figure kind = Figure::Hours) {
+  PayColumn pay;
+  pay.column = column;
+  pay.category = category;
+  pay.kind = kind;
+  return pay;
+}
+
+// Hours paid by the company's earning code for a numbered pay designation.
+constexpr PayColumn Designation(Column column, int position) {
+  PayColumn pay;
+  pay.column = column;
+  pay.position = position;
+  return pay;
+}
+
 // A pay code of the record's code column, the category it is paid under and its figure.
 struct PayCode {
   std::string_view code;
@@ -150,6 +167,10 @@ void Translate(frmTimeImport& F, const ColumnMap& map, std::span<Value> fields);
 // The value of a column of the record just read, trimmed (a slice's implied places applied).
 Value Get(const frmTimeImport& F, const ColumnMap& map, std::span<const Value> fields,
           const Column& column);
+// One line under the record's own earning code: the figure as hours or as dollars, the
+// other left empty, and a blank D-or-E sent as "E".
+void WriteOwnCode(frmTimeImport& F, const Value& code, const Value& dore, const Value& figure,
+                  Figure kind);
 // Whether the record's rate marks tipped staff: numeric and below txtMinWage.
 bool Tipped(const frmTimeImport& F, const ColumnMap& map, std::span<const Value> fields);
 

@@ -21,10 +21,10 @@ namespace {
 using column_map::Fields;
 
 constexpr PayColumn Hours(int field, Cat category) {
-  return {Field(field), Figure::Hours, category, 0};
+  return PaidAs(Field(field), category);
 }
 constexpr PayColumn Dollars(int field, Cat category) {
-  return {Field(field), Figure::Dollars, category, 0};
+  return PaidAs(Field(field), category, Figure::Dollars);
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -134,7 +134,6 @@ constexpr ColumnMap kAveOTMap{
 };
 
 bool AveOT_Slots(frmTimeImport& F) {
-  ImportRecord& r = F.ImportRec;
   for (int k = 0; k < kAveOTSlots; ++k) {
     const int at = kAveOTFirstSlot + k * kAveOTSlotWidth;
     auto get = [&](int offset, int width, int places = -1) {
@@ -145,18 +144,11 @@ bool AveOT_Slots(frmTimeImport& F) {
     const Value hours = get(5, 8, 2);
     const Value dollars = get(13, 10, 2);
     if (NumericAbove0(hours)) {
-      r.Hours = Format(hours, kTwoPlaces);
-      r.Amount = "";
+      column_map::WriteOwnCode(F, code, get(0, 1), Value(Format(hours, kTwoPlaces)), Figure::Hours);
     } else if (NumericAbove0(dollars)) {
-      r.Hours = "";
-      r.Amount = Format(dollars, kTwoPlaces);
-    } else {
-      continue;
+      column_map::WriteOwnCode(F, code, get(0, 1), Value(Format(dollars, kTwoPlaces)),
+                               Figure::Dollars);
     }
-    const Value dore = get(0, 1);
-    r.DorE = dore.str().empty() ? Value("E") : dore;
-    r.Earning_Code = code;
-    F.WriteOutputRec();
   }
   return true;
 }

@@ -14,21 +14,4 @@ inline bool BeginsWithDigit(std::string_view line) {
   return !line.empty() && line.front() >= '0' && line.front() <= '9';
 }
 
-// A figure paid under a category's boxes.
-constexpr PayColumn PaidAs(Column column, Cat category, Figure kind = Figure::Hours) {
-  PayColumn pay;
-  pay.column = column;
-  pay.category = category;
-  pay.kind = kind;
-  return pay;
-}
-
-// Hours paid by the company's earning code for a numbered pay designation.
-constexpr PayColumn Designation(Column column, int position) {
-  PayColumn pay;
-  pay.column = column;
-  pay.position = position;
-  return pay;
-}
-
 }  // namespace corvane
