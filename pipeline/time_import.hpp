@@ -140,7 +140,8 @@ class frmTimeImport {
   // The writers.
   void WriteOutputRec();
   void WriteOutputRecOther();
-  void WriteAuditRec();
+  // hours: the record's Hours in its printed form
+  void WriteAuditRec(std::string_view hours);
   void WriteExceptionRec(const Value& Detail);
   void ClearData();
 
@@ -218,9 +219,11 @@ class frmTimeImport {
   void CloseOutputStreams();
   // The writers' first steps: the drop rules and the shift; false drops the record.
   bool KeepRecord(bool x_passes);
-  // hours: the Hours field in its printed form
+  // A record the drop rules kept: its line to the import file (or with other, the
+  // exception file), then its audit lines.
+  void WriteKeptRecord(bool other);
+  // hours: the record's Hours in its printed form
   void BuildLine(bool other, std::string_view hours);
-  void WriteAuditRec(std::string_view hours);
   // A line just written: into the summary and through the check.
   void NoteWritten(bool other);
 

@@ -266,26 +266,23 @@ bool frmTimeImport::KeepRecord(bool x_passes) {
 void frmTimeImport::WriteOutputRec() {
   // "eWorks" passes a code of "X" through to the file.
   if (!KeepRecord(S[PickTC].SelectedText() == "eWorks")) return;
-  // the hours print once for both files
-  char room[kPrintedNumberRoom];
-  const std::string_view hours = PrintedView(ImportRec.Hours, room);
-  BuildLine(false, hours);
-  Build_String.SetText(line_);
-  Stream(OutputStream).WriteLine(line_);
-  ++RecCount;
-  NoteWritten(false);
-  WriteAuditRec(hours);
+  WriteKeptRecord(false);
 }
 
 void frmTimeImport::WriteOutputRecOther() {
   if (!KeepRecord(false)) return;
+  WriteKeptRecord(true);
+}
+
+void frmTimeImport::WriteKeptRecord(bool other) {
+  // the hours print once for both files
   char room[kPrintedNumberRoom];
   const std::string_view hours = PrintedView(ImportRec.Hours, room);
-  BuildLine(true, hours);
+  BuildLine(other, hours);
   Build_String.SetText(line_);
-  Stream(ExceptionStream).WriteLine(line_);
+  Stream(other ? ExceptionStream : OutputStream).WriteLine(line_);
   ++RecCount;
-  NoteWritten(true);
+  NoteWritten(other);
   WriteAuditRec(hours);
 }
 
@@ -297,11 +294,6 @@ void frmTimeImport::NoteWritten(bool other) {
     check_.BeginFile(summary_.files()[check_.files().size()].path);
   }
   check_.CheckLine(at.file, at.line, line_);
-}
-
-void frmTimeImport::WriteAuditRec() {
-  char room[kPrintedNumberRoom];
-  WriteAuditRec(PrintedView(ImportRec.Hours, room));
 }
 
 void frmTimeImport::WriteAuditRec(std::string_view hours) {

@@ -58,6 +58,24 @@ inline FigureScan ScanFigure(const char* p, const char* const last) {
   return f;
 }
 
+// The fastest road to a figure's 15-digit rounding, for 1e-4 <= size < 1e15: the first k
+// in 0..6 for which fl(size * 10^k) is a whole number m below 1e15. Then m / 10^k is that
+// rounding (see Digits15). False when there is no such k.
+inline bool ScaledWhole(double size, int& k, std::uint64_t& m) {
+  if (!(size >= 1e-4 && size < 1e15)) return false;
+  static constexpr double kPow[7] = {1, 10, 100, 1e3, 1e4, 1e5, 1e6};
+  for (int i = 0; i < 7; ++i) {
+    const double scaled = size * kPow[i];
+    if (scaled >= 1e15) return false;
+    if (scaled == std::trunc(scaled)) {
+      k = i;
+      m = static_cast<std::uint64_t>(scaled);
+      return true;
+    }
+  }
+  return false;
+}
+
 // The decimal digits of |x| rounded to 15 significant digits, trailing zeros dropped, for a
 // finite non-zero x: writes them to digits (room for 17), sets exponent to the power of
 // ten of the first digit, and returns how many there are (1..15).
@@ -88,19 +106,14 @@ inline int Digits15(double x, char* digits, int& exponent) {
     while (n > 1 && digits[n - 1] == '0') --n;
     return n;
   };
-  if (x >= 1e-4 && x < 1e15) {
-    static constexpr double kPow[7] = {1, 10, 100, 1e3, 1e4, 1e5, 1e6};
-    for (int k = 0; k < 7; ++k) {
-      const double m = x * kPow[k];
-      if (m >= 1e15) break;
-      if (m == std::trunc(m)) {
-        auto r = std::to_chars(digits, digits + 17, static_cast<long long>(m));
-        int n = static_cast<int>(r.ptr - digits);
-        exponent = n - 1 - k;
-        while (n > 1 && digits[n - 1] == '0') --n;
-        return n;
-      }
-    }
+  int k = 0;
+  std::uint64_t m = 0;
+  if (ScaledWhole(x, k, m)) {
+    auto r = std::to_chars(digits, digits + 17, m);
+    int n = static_cast<int>(r.ptr - digits);
+    exponent = n - 1 - k;
+    while (n > 1 && digits[n - 1] == '0') --n;
+    return n;
   }
   if (x >= std::numeric_limits<double>::min()) {
     auto r = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::scientific);

@@ -266,10 +266,7 @@ void TextStream::HandOff() {
       return;
     }
   }
-  if (const int error = behind_->Wait(); error != 0) {
-    used_ = 0;
-    Fail(error);
-  }
+  Settle();
   behind_->Take(buffer_, used_);
   used_ = 0;
 }

@@ -590,14 +590,8 @@ void InputFile::InputScanned(Value& into) {
     bool quoted = false;
     ReadField(field_, quoted);
     AssignFieldValue(into, field_, quoted);
-  } else if (field.is_number()) {
-    into.SetNumber(field.number);
-  } else if (field.plain_number_left()) {
-    AssignFieldValue(into, field.text, false);
-  } else if (field.quoted() || !field.text.empty()) {
-    into.SetText(field.text);
   } else {
-    into.SetBlank();
+    SetValue(into, field.text, field.kind, field.number);
   }
 }
 

@@ -87,18 +87,15 @@ class InputFile {
   // end included: sets the field (its text a view into the buffer, valid until the next
   // read), consumes it, and returns true. Returns false, consuming nothing, for a field that
   // the buffer's end, a Ctrl-Z or an unusual tail after a closing quote leave to ReadField.
-  // number is set when the field is a short plain figure ("[sign]digits[.digits]", 15
-  // digits at most), which the same pass converts; plain_number_left is set when the field
-  // is no such figure but may still be a plain number (an exponent, more digits), which
-  // the full test then decides. Any other unquoted field is text, or blank when empty.
+  // Its kind is kNumber when it is a short plain figure ("[sign]digits[.digits]", 15 digits
+  // at most), which the same pass converts into number; kPlainNumberLeft when it is no such
+  // figure but may still be a plain number (an exponent, more digits), which the full test
+  // then decides. Any other unquoted field is text, or blank when empty.
   struct Field {
     static constexpr std::uint8_t kQuoted = 1, kNumber = 2, kPlainNumberLeft = 4;
     std::string_view text;
     double number = 0.0;
     std::uint8_t kind = 0;  // kQuoted, kNumber, kPlainNumberLeft or none of them
-    bool quoted() const { return (kind & kQuoted) != 0; }
-    bool is_number() const { return (kind & kNumber) != 0; }
-    bool plain_number_left() const { return (kind & kPlainNumberLeft) != 0; }
   };
   bool FieldInBuffer(Field& field);
   // Which bytes of the buffer end an unquoted field (a comma, a line end, and in text mode
@@ -133,14 +130,17 @@ class InputFile {
     const Token& t = tokens_[token_next_++];
     // the fields were written on another processor: ask for those ahead early
     __builtin_prefetch(&t + 32);
+    SetValue(into, std::string_view(data_ + pos_ + t.text_skip, t.text_size), t.kind, t.number);
     pos_ += t.length;
-    if (t.kind & Field::kNumber) {
-      into.SetNumber(t.number);
-    } else if (t.kind & Field::kPlainNumberLeft) {
-      AssignFieldValue(into, std::string_view(data_ + pos_ - t.length + t.text_skip, t.text_size),
-                       false);
-    } else if ((t.kind & Field::kQuoted) || t.text_size != 0) {
-      into.SetText(std::string_view(data_ + pos_ - t.length + t.text_skip, t.text_size));
+  }
+  // A field told in the buffer into a value, by its kind (Field::kind).
+  static void SetValue(Value& into, std::string_view text, std::uint8_t kind, double number) {
+    if (kind & Field::kNumber) {
+      into.SetNumber(number);
+    } else if (kind & Field::kPlainNumberLeft) {
+      AssignFieldValue(into, text, false);
+    } else if ((kind & Field::kQuoted) || !text.empty()) {
+      into.SetText(text);
     } else {
       into.SetBlank();
     }

@@ -50,35 +50,27 @@ std::size_t CopyLiteral(char* out, const char* s) {
   return n;
 }
 
-// A figure with one to six places, 1e-4 <= |x| < 1e15 and not whole: the first k for which
-// fl(|x| * 10^k) is a whole number m below 1e15 gives its 15-digit rounding m / 10^k (see
-// Digits15), printed here as whole part, point and k places less their trailing zeros.
-// Returns 0 when no such k exists, leaving the figure to the general path.
+// A figure that is not whole, with one to six places: printed from its 15-digit rounding
+// m / 10^k (see ScaledWhole) as whole part, point and k places less their trailing zeros.
+// Returns 0 for any other figure, which the general road prints.
 std::size_t PrintPlacesTo(double x, char* out) {
-  static constexpr double kScale[7] = {1, 10, 100, 1e3, 1e4, 1e5, 1e6};
   static constexpr std::uint64_t kUnit[7] = {1, 10, 100, 1000, 10000, 100000, 1000000};
-  const double size = std::fabs(x);
-  if (!(size >= 1e-4 && size < 1e15)) return 0;
-  for (int k = 1; k < 7; ++k) {
-    const double m = size * kScale[k];
-    if (m >= 1e15) return 0;
-    if (m != std::trunc(m)) continue;
-    const auto scaled = static_cast<std::uint64_t>(m);
-    std::size_t n = 0;
-    if (x < 0) out[n++] = '-';
-    n = static_cast<std::size_t>(std::to_chars(out + n, out + kNumberBuf, scaled / kUnit[k]).ptr -
-                                 out);
-    out[n++] = '.';
-    std::uint64_t places = scaled % kUnit[k];
-    for (int i = k - 1; i >= 0; --i) {
-      out[n + static_cast<std::size_t>(i)] = static_cast<char>('0' + places % 10);
-      places /= 10;
-    }
-    n += static_cast<std::size_t>(k);
-    while (out[n - 1] == '0') --n;
-    return n;
+  int k = 0;
+  std::uint64_t scaled = 0;
+  if (!detail::ScaledWhole(std::fabs(x), k, scaled) || k == 0) return 0;
+  std::size_t n = 0;
+  if (x < 0) out[n++] = '-';
+  n = static_cast<std::size_t>(std::to_chars(out + n, out + kNumberBuf, scaled / kUnit[k]).ptr -
+                               out);
+  out[n++] = '.';
+  std::uint64_t places = scaled % kUnit[k];
+  for (int i = k - 1; i >= 0; --i) {
+    out[n + static_cast<std::size_t>(i)] = static_cast<char>('0' + places % 10);
+    places /= 10;
   }
-  return 0;
+  n += static_cast<std::size_t>(k);
+  while (out[n - 1] == '0') --n;
+  return n;
 }
 
 // Writes the printed form of x into out (at least kNumberBuf chars); returns the length.
